@@ -1,0 +1,25 @@
+# Entry points for a fresh Debian 12 machine (run as root): each target installs what is missing first.
+.PHONY: all deps build demo test test-sanitize bench clean
+
+all: build
+
+deps:
+	@scripts/install-deps.sh
+
+build: deps
+	cmake --preset default
+	cmake --build --preset default
+
+demo: build
+	build/default/bin/report-demo out/demo
+
+test: build
+	ctest --preset default
+
+test-sanitize: deps
+	cmake --preset sanitize
+	cmake --build --preset sanitize
+	ctest --preset sanitize
+
+clean:
+	rm -rf build out
