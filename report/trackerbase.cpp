@@ -1,4 +1,4 @@
-#include "tracker.h"
+#include "trackerbase.h"
 
 #include "commands.h"
 #include "reportitembase.h"
