@@ -2,6 +2,8 @@
 
 #include "selectionoutline.h"
 
+#include "selectionoutline.h"
+
 #include <QDataStream>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
