@@ -46,10 +46,11 @@ void ToggleCommand::undo()
 
 // --- NewCommand / DeleteCommand -------------------------------------------------------------
 
-// Moves an item into its report; the scene owns it afterwards.
+// Moves an item into its report; the scene owns it afterwards. A creation tool shows its
+// item in the scene before committing it, so the item may be there already.
 static void putBack(ReportItem* item, Report*& owner)
 {
-    if (owner)
+    if (owner && item->graphicsItem()->scene() != owner)
         owner->addItem(item->graphicsItem());
     owner = nullptr;
 }

@@ -2,8 +2,6 @@
 
 #include "selectionoutline.h"
 
-#include "selectionoutline.h"
-
 #include <QDataStream>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
@@ -37,10 +35,9 @@ GraphicsTableItem::GraphicsTableItem(QGraphicsItem* parent) : QGraphicsItem(pare
 
 GraphicsTableItem::GraphicsTableItem(const GraphicsTableItem& other, QGraphicsItem* parent)
     : QGraphicsItem(parent), m_rowCount(other.m_rowCount), m_columnCount(other.m_columnCount),
-      m_spacing(other.m_spacing), m_rowHeight(other.m_rowHeight), m_size(other.m_size), m_texts(other.m_texts),
-      m_columns(other.m_columns), m_font(other.m_font)
-{
-}
+      m_spacing(other.m_spacing), m_rowHeight(other.m_rowHeight), m_size(other.m_size),
+      m_texts(other.m_texts), m_columns(other.m_columns), m_font(other.m_font)
+{}
 
 GraphicsTableItem::~GraphicsTableItem() = default;
 

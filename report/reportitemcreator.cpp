@@ -40,8 +40,7 @@ bool isSceneMouseEvent(const QEvent* event)
 
 ReportItemCreator::ReportItemCreator(SelectionMode mode, QObject* parent)
     : QObject(parent), m_mode(mode), m_machine(machineFor(mode))
-{
-}
+{}
 
 // A pending item stays in the scene, which owns it.
 ReportItemCreator::~ReportItemCreator()

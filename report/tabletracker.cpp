@@ -23,7 +23,8 @@ QList<TrackerHandle*> TableTracker::createHandle()
         const Qt::CursorShape cursor = i == RowLinePoint ? Qt::SizeVerCursor : Qt::SizeHorCursor;
         TrackerHandle* handle =
             createTrackerHandle<GraphicsDiamondItem>(m_firstLineHandle + i - RowLinePoint, this, cursor);
-        static_cast<GraphicsDiamondItem*>(handle->graphicsItem())->setBrush(QBrush(Qt::yellow, Qt::SolidPattern));
+        static_cast<GraphicsDiamondItem*>(handle->graphicsItem())
+            ->setBrush(QBrush(Qt::yellow, Qt::SolidPattern));
         list.append(handle);
     }
     return list;

@@ -39,8 +39,7 @@ private:
 
 // A handle drawn as a Shape (rectangle, ellipse or diamond item), child of its tracker. It keeps
 // its pixel size whatever the zoom or the item's transform.
-template <class Shape, class Handle = TrackerHandle>
-class TrackerHandleT : public Shape, public Handle
+template <class Shape, class Handle = TrackerHandle> class TrackerHandleT : public Shape, public Handle
 {
 public:
     TrackerHandleT(int id, Tracker* tracker) : Shape(tracker), Handle(id, tracker)
@@ -90,8 +89,7 @@ private:
 };
 
 // A new handle of the tracker with the usual size and the given hover cursor.
-template <class Shape>
-TrackerHandle* createTrackerHandle(int id, Tracker* tracker, Qt::CursorShape cursor)
+template <class Shape> TrackerHandle* createTrackerHandle(int id, Tracker* tracker, Qt::CursorShape cursor)
 {
     auto* handle = new TrackerHandleT<Shape>(id, tracker);
     handle->setSize(TrackerHandle::DefaultSize);

@@ -1,0 +1,68 @@
+#pragma once
+
+// Drives a real graphics view with mouse events, the way a user's hand would.
+
+#include <QApplication>
+#include <QGraphicsView>
+#include <QMouseEvent>
+#include <QTest>
+
+namespace coagulation::test {
+
+class ViewDriver
+{
+public:
+    explicit ViewDriver(QGraphicsScene* scene) : view(scene)
+    {
+        view.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        view.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        view.viewport()->setMouseTracking(true); // as soon as an item shows a cursor
+        view.resize(900, 1200);
+        view.show();
+        if (!QTest::qWaitForWindowExposed(&view))
+            qWarning("view not exposed");
+    }
+
+    void press(const QPointF& scenePos, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        buttons |= button;
+        send(QEvent::MouseButtonPress, scenePos, button, modifiers);
+    }
+    void move(const QPointF& scenePos, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        send(QEvent::MouseMove, scenePos, Qt::NoButton, modifiers);
+    }
+    void release(const QPointF& scenePos, Qt::MouseButton button = Qt::LeftButton,
+                 Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        buttons &= ~Qt::MouseButtons(button);
+        send(QEvent::MouseButtonRelease, scenePos, button, modifiers);
+    }
+    void drag(const QPointF& from, const QPointF& to, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        press(from, Qt::LeftButton, modifiers);
+        move((from + to) / 2, modifiers);
+        move(to, modifiers);
+        release(to, Qt::LeftButton, modifiers);
+    }
+
+    // The scene point a view pixel stands for: where an event at scenePos really lands.
+    QPointF landing(const QPointF& scenePos) const { return view.mapToScene(view.mapFromScene(scenePos)); }
+
+    QGraphicsView view;
+
+private:
+    void send(QEvent::Type type, const QPointF& scenePos, Qt::MouseButton button,
+              Qt::KeyboardModifiers modifiers)
+    {
+        const QPoint local = view.mapFromScene(scenePos);
+        QMouseEvent event(type, local, view.viewport()->mapToGlobal(local), button, buttons, modifiers);
+        QApplication::sendEvent(view.viewport(), &event);
+    }
+
+    Qt::MouseButtons buttons;
+};
+
+} // namespace coagulation::test

@@ -1,0 +1,315 @@
+#include <graphicstableitem.h>
+
+#include <QDataStream>
+#include <QImage>
+#include <QPainter>
+#include <QStyleOptionGraphicsItem>
+#include <QtTest>
+
+using namespace coagulation;
+
+namespace {
+
+// A 3 x 2 table with a fourth stored row and a third spec outside the counts.
+void fill(GraphicsTableItem& table)
+{
+    table.setSpacing(6.0);
+    table.setRowHeight(20.0);
+    table.setItemText(0, 0, QStringLiteral("代码"));
+    table.setItemText(0, 1, QStringLiteral("结果"));
+    table.setItemText(1, 1, QStringLiteral("12.3 "));
+    table.setItemText(3, 0, QStringLiteral("hidden"));
+    table.setColumnWidth(0, 80.0);
+    table.setColumnFlags(1, Qt::AlignRight);
+    table.setColumnWidth(2, 55.5);
+    table.setRowCount(3);
+    table.setColumnCount(2);
+    table.setSize(QSizeF(300, 80));
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(13);
+    table.setFont(font);
+}
+
+int darkPixels(const QImage& image, const QRect& area)
+{
+    int count = 0;
+    const QRect r = area & image.rect();
+    for (int y = r.top(); y <= r.bottom(); ++y)
+        for (int x = r.left(); x <= r.right(); ++x)
+            count += qGray(image.pixel(x, y)) < 128;
+    return count;
+}
+
+QImage render(GraphicsTableItem& table, QStyle::State state = QStyle::State_None)
+{
+    QImage image(320, 130, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    QStyleOptionGraphicsItem option;
+    option.state = state;
+    option.palette.setColor(QPalette::WindowText, Qt::black);
+    table.paint(&painter, &option, nullptr);
+    return image;
+}
+
+} // namespace
+
+class TestGridTable : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void emptyTable();
+    void cellsRaiseCounts();
+    void columnSpecs();
+    void sizes();
+    void payloadBytes();
+    void roundTrip();
+    void brokenPayload_data();
+    void brokenPayload();
+    void paintsCellTexts();
+    void selectionOutline();
+};
+
+void TestGridTable::emptyTable()
+{
+    GraphicsTableItem table;
+    QCOMPARE(table.rowCount(), 0);
+    QCOMPARE(table.columnCount(), 0);
+    QCOMPARE(table.spacing(), 8.0);
+    QCOMPARE(table.rowHeight(), 24.0);
+    QVERIFY(!table.size().isValid());
+    QCOMPARE(table.preferredSize(), QSizeF(0, 0));
+    QCOMPARE(table.boundingRect(), QRectF(0, 0, 0, 0)); // the invalid size never wins
+    QCOMPARE(table.itemText(0, 0), QString());
+    QCOMPARE(table.columnWidth(0), 100.0);
+    QCOMPARE(table.columnFlags(0), 0);
+    QCOMPARE(darkPixels(render(table), QRect(0, 0, 320, 120)), 0);
+}
+
+void TestGridTable::cellsRaiseCounts()
+{
+    GraphicsTableItem table;
+    table.setItemText(2, 3, QStringLiteral("x"));
+    QCOMPARE(table.rowCount(), 3);
+    QCOMPARE(table.columnCount(), 4);
+    QCOMPARE(table.itemText(2, 3), QStringLiteral("x"));
+    QCOMPARE(table.itemText(0, 3), QString());
+    QCOMPARE(table.itemText(2, 4), QString());
+    QCOMPARE(table.itemText(-1, 0), QString());
+
+    // A shorter row does not lower the counts.
+    table.setItemText(0, 1, QStringLiteral("y"));
+    QCOMPARE(table.columnCount(), 4);
+
+    // Counts are stored numbers: lowering them keeps the cells.
+    table.setRowCount(1);
+    table.setColumnCount(1);
+    QCOMPARE(table.itemText(2, 3), QStringLiteral("x"));
+    QCOMPARE(table.preferredSize(), QSizeF(100, 24));
+
+    table.clear();
+    QCOMPARE(table.rowCount(), 0);
+    QCOMPARE(table.itemText(2, 3), QString());
+    QCOMPARE(table.columnCount(), 1);
+}
+
+void TestGridTable::columnSpecs()
+{
+    GraphicsTableItem table;
+    table.setColumnWidth(5, 40.0);
+    QCOMPARE(table.columnCount(), 6);
+    for (int c = 0; c < 5; ++c)
+        QCOMPARE(table.columnWidth(c), 100.0);
+    QCOMPARE(table.columnWidth(5), 40.0);
+    QCOMPARE(table.preferredSize().width(), 540.0);
+
+    table.setColumnFlags(7, Qt::AlignRight | Qt::AlignBottom);
+    QCOMPARE(table.columnCount(), 8);
+    QCOMPARE(table.columnFlags(7), int(Qt::AlignRight | Qt::AlignBottom));
+    QCOMPARE(table.columnWidth(7), 100.0);
+    QCOMPARE(table.columnFlags(9), 0);
+
+    table.setItemText(1, 0, QStringLiteral("a"));
+    table.clear(); // keeps widths, flags and the column count
+    QCOMPARE(table.columnCount(), 8);
+    QCOMPARE(table.columnWidth(5), 40.0);
+    QCOMPARE(table.columnFlags(7), int(Qt::AlignRight | Qt::AlignBottom));
+    QCOMPARE(table.preferredSize(), QSizeF(740, 0));
+}
+
+void TestGridTable::sizes()
+{
+    GraphicsTableItem table;
+    fill(table);
+    QCOMPARE(table.preferredSize(), QSizeF(180, 60)); // 80 + 100; 3 rows of 20
+    QCOMPARE(table.boundingRect(), QRectF(0, 0, 300, 80));
+    QCOMPARE(table.width(), 300.0);
+    QCOMPARE(table.height(), 80.0);
+
+    table.setSize(QSizeF(100, 100));
+    QCOMPARE(table.boundingRect(), QRectF(0, 0, 180, 100)); // each side the larger
+    table.adjustSize();
+    QCOMPARE(table.size(), QSizeF(180, 60));
+
+    GraphicsTableItem copy(table);
+    QCOMPARE(copy.size(), QSizeF(180, 60));
+    QCOMPARE(copy.itemText(3, 0), QStringLiteral("hidden"));
+    QCOMPARE(copy.columnWidth(2), 55.5);
+    QCOMPARE(copy.font(), table.font());
+    copy.setItemText(0, 0, QStringLiteral("changed"));
+    QCOMPARE(table.itemText(0, 0), QStringLiteral("代码"));
+}
+
+void TestGridTable::payloadBytes()
+{
+    GraphicsTableItem table;
+    fill(table);
+    QByteArray saved;
+    {
+        QDataStream out(&saved, QIODevice::WriteOnly);
+        table.save(out);
+    }
+
+    QByteArray expected;
+    QDataStream e(&expected, QIODevice::WriteOnly);
+    e << qint8(1) << qint32(3) << qint32(2) << 6.0 << 20.0 << QSizeF(300, 80);
+    e << qint32(4); // every stored row, also the one beyond the row count
+    e << qint32(2) << QStringLiteral("代码") << QStringLiteral("结果");
+    e << qint32(2) << QString() << QStringLiteral("12.3 ");
+    e << qint32(0);
+    e << qint32(1) << QStringLiteral("hidden");
+    e << qint32(3); // every stored spec
+    e << 80.0 << qint32(0) << 100.0 << qint32(Qt::AlignRight) << 55.5 << qint32(0);
+    e << table.font();
+    QCOMPARE(saved.toHex(), expected.toHex());
+}
+
+void TestGridTable::roundTrip()
+{
+    GraphicsTableItem table;
+    fill(table);
+    QByteArray saved;
+    {
+        QDataStream out(&saved, QIODevice::WriteOnly);
+        table.save(out);
+    }
+    saved[0] = 7; // the version byte is not checked
+
+    GraphicsTableItem loaded;
+    loaded.setItemText(9, 9, QStringLiteral("replaced"));
+    QDataStream in(saved);
+    loaded.load(in);
+    QCOMPARE(in.status(), QDataStream::Ok);
+    QVERIFY(in.atEnd());
+    QCOMPARE(loaded.rowCount(), 3);
+    QCOMPARE(loaded.columnCount(), 2);
+    QCOMPARE(loaded.spacing(), 6.0);
+    QCOMPARE(loaded.rowHeight(), 20.0);
+    QCOMPARE(loaded.size(), QSizeF(300, 80));
+    QCOMPARE(loaded.itemText(3, 0), QStringLiteral("hidden")); // beyond the row count
+    QCOMPARE(loaded.itemText(1, 1), QStringLiteral("12.3 "));
+    QCOMPARE(loaded.itemText(9, 9), QString());
+    QCOMPARE(loaded.columnWidth(2), 55.5); // beyond the column count
+    QCOMPARE(loaded.columnFlags(1), int(Qt::AlignRight));
+    QCOMPARE(loaded.font(), table.font());
+
+    QByteArray again;
+    QDataStream out(&again, QIODevice::WriteOnly);
+    loaded.save(out);
+    saved[0] = 1;
+    QCOMPARE(again, saved);
+}
+
+void TestGridTable::brokenPayload_data()
+{
+    QTest::addColumn<QByteArray>("payload");
+
+    GraphicsTableItem table;
+    fill(table);
+    QByteArray saved;
+    QDataStream out(&saved, QIODevice::WriteOnly);
+    table.save(out);
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("truncated in the cells") << saved.left(60);
+    QTest::newRow("truncated in the font") << saved.left(saved.size() - 3);
+
+    QByteArray huge = saved;
+    QDataStream patch(&huge, QIODevice::ReadWrite);
+    patch.skipRawData(1);
+    patch << qint32(2000000000);
+    QTest::newRow("absurd row count") << huge;
+}
+
+// A broken template leaves the table as it was and the stream failed.
+void TestGridTable::brokenPayload()
+{
+    QFETCH(QByteArray, payload);
+    GraphicsTableItem table;
+    table.setItemText(0, 0, QStringLiteral("kept"));
+    table.setColumnWidth(0, 33.0);
+    QDataStream in(payload);
+    table.load(in);
+    QVERIFY(in.status() != QDataStream::Ok);
+    QCOMPARE(table.itemText(0, 0), QStringLiteral("kept"));
+    QCOMPARE(table.rowCount(), 1);
+    QCOMPARE(table.columnWidth(0), 33.0);
+    QCOMPARE(table.rowHeight(), 24.0);
+}
+
+void TestGridTable::paintsCellTexts()
+{
+    GraphicsTableItem table;
+    table.setSpacing(8.0);
+    table.setRowHeight(40.0);
+    table.setColumnWidth(0, 120.0);
+    table.setColumnWidth(1, 120.0);
+    table.setColumnFlags(1, Qt::AlignRight);
+    table.setItemText(0, 0, QStringLiteral("MMMM"));
+    table.setItemText(1, 1, QStringLiteral("MMMM"));
+    table.setItemText(2, 0, QStringLiteral("MMMM"));
+    table.setItemText(0, 2, QStringLiteral("MMMM"));
+    table.setRowCount(2);    // row 2 is stored but not painted
+    table.setColumnCount(2); // so is column 2
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(14);
+    table.setFont(font);
+
+    const QImage image = render(table);
+    // Row 0, column 0: left-aligned after the padding, vertically centred.
+    QVERIFY(darkPixels(image, QRect(8, 14, 40, 12)) > 20);
+    QCOMPARE(darkPixels(image, QRect(0, 0, 8, 40)), 0);    // the left padding
+    QCOMPARE(darkPixels(image, QRect(80, 0, 40, 40)), 0);  // the rest of the cell
+    QCOMPARE(darkPixels(image, QRect(0, 0, 120, 10)), 0);  // centred: nothing near the top
+    QCOMPARE(darkPixels(image, QRect(0, 30, 120, 10)), 0); // nor near the bottom
+    // Row 0, column 1 is empty.
+    QCOMPARE(darkPixels(image, QRect(120, 0, 120, 40)), 0);
+    // Row 1, column 1: right-aligned against the right padding.
+    QVERIFY(darkPixels(image, QRect(190, 54, 42, 12)) > 20);
+    QCOMPARE(darkPixels(image, QRect(120, 40, 60, 40)), 0);
+    QCOMPARE(darkPixels(image, QRect(232, 40, 8, 40)), 0);
+    QCOMPARE(darkPixels(image, QRect(0, 40, 120, 40)), 0);
+    // Outside the counts nothing is painted.
+    QCOMPARE(darkPixels(image, QRect(0, 80, 320, 50)), 0);
+    QCOMPARE(darkPixels(image, QRect(240, 0, 80, 130)), 0);
+}
+
+void TestGridTable::selectionOutline()
+{
+    GraphicsTableItem table;
+    table.setColumnWidth(0, 50.0);
+    table.setRowCount(1);
+    table.setSize(QSizeF(200, 60)); // the outline follows the size, not the cells
+
+    QCOMPARE(darkPixels(render(table), QRect(0, 0, 320, 120)), 0);
+    const QImage image = render(table, QStyle::State_Selected);
+    QVERIFY(darkPixels(image, QRect(0, 0, 201, 1)) > 50);  // top edge, dashed
+    QVERIFY(darkPixels(image, QRect(200, 0, 1, 61)) > 15); // right edge
+    QVERIFY(darkPixels(image, QRect(0, 60, 201, 1)) > 50); // bottom edge
+    QCOMPARE(darkPixels(image, QRect(1, 1, 199, 59)), 0);  // not filled
+    QCOMPARE(darkPixels(image, QRect(202, 0, 118, 120)), 0);
+    QCOMPARE(darkPixels(image, QRect(0, 62, 320, 58)), 0);
+}
+
+QTEST_MAIN(TestGridTable)
+#include "tst_gridtable.moc"
