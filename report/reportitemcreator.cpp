@@ -135,7 +135,10 @@ bool ReportItemCreator::eventFilter(QObject* watched, QEvent* event)
 {
     if (!m_report || watched != m_report || !m_machine)
         return false;
-    return transition(event);
+    if (!transition(event))
+        return false;
+    event->accept(); // the view treats the event as handled and passes it no further
+    return true;
 }
 
 void ReportItemCreator::begin()

@@ -1,0 +1,592 @@
+#include "../common/viewdriver.h"
+
+#include <commands.h>
+#include <graphicstableitem.h>
+#include <report.h>
+#include <reportitem.h>
+#include <tracker.h>
+
+#include <QPixmap>
+#include <QtTest>
+#include <QUndoStack>
+
+#include <cmath>
+
+using namespace coagulation;
+
+namespace {
+
+// A grid table with the handle polygon of the report tables: origin, lower-right corner, row
+// line point on the left edge, then each column's right border on the top edge.
+class TestTableItem : public ReportItemImpl<GraphicsTableItem, ReportItem>
+{
+public:
+    TestTableItem(const QList<double>& widths, int rows)
+    {
+        setFlags(QGraphicsItem::ItemIsMovable | QGraphicsItem::ItemIsSelectable |
+                 QGraphicsItem::ItemSendsScenePositionChanges);
+        for (int c = 0; c < widths.size(); ++c)
+            setColumnWidth(c, widths.at(c));
+        setRowCount(rows);
+        adjustSize();
+    }
+
+    QList<double> widths() const
+    {
+        QList<double> list;
+        for (int c = 0; c < columnCount(); ++c)
+            list.append(columnWidth(c));
+        return list;
+    }
+
+    QPolygonF geometry() const override
+    {
+        QPolygonF p({QPointF(0, 0), QPointF(width(), height()), QPointF(0, rowHeight())});
+        double x = 0.0;
+        for (int c = 0; c < columnCount(); ++c)
+            p.append(QPointF(x += columnWidth(c), 0));
+        return p;
+    }
+    Tracker* createTracker() override { return new TableTracker(this); }
+    void save(QDataStream& out) override { GraphicsTableItem::save(out); }
+    void load(QDataStream& in) override { GraphicsTableItem::load(in); }
+
+protected:
+    void updateGeometry(const QPolygonF& polygon) override
+    {
+        if (polygon.isEmpty())
+            return;
+        prepareGeometryChange();
+        const QPolygonF q = polygon.translated(-polygon.first());
+        if (q.size() >= 3) {
+            setRowHeight(q.at(2).y());
+            double prev = 0.0;
+            for (int c = 0; c < columnCount() && c + 3 < q.size(); ++c) {
+                setColumnWidth(c, q.at(c + 3).x() - prev);
+                prev = q.at(c + 3).x();
+            }
+        }
+        setSize(QSizeF(pointAt(q, 1).x(), pointAt(q, 1).y()).expandedTo(preferredSize()));
+        setPos(mapToParent(polygon.first()));
+    }
+};
+
+// A design-mode report in a real view.
+struct Designer
+{
+    Designer() : report(nullptr, nullptr), driver(&report) { report.setDesignMode(true); }
+
+    template <class Item> Item* add(Item* item, const QPointF& pos = QPointF())
+    {
+        item->setPos(pos);
+        report.addItem(item);
+        return item;
+    }
+    void select(ReportItem* item)
+    {
+        report.clearSelection();
+        item->graphicsItem()->setSelected(true);
+    }
+    TrackerHandle* handle(int id) const
+    {
+        if (!report.tracker())
+            return nullptr;
+        const QList<TrackerHandle*> handles = report.tracker()->handles();
+        for (TrackerHandle* h : handles)
+            if (h->id() == id)
+                return h;
+        return nullptr;
+    }
+    QPointF handlePos(int id) const
+    {
+        return handle(id) ? handle(id)->graphicsItem()->scenePos() : QPointF();
+    }
+    int steps() const { return report.undoStack()->count(); }
+
+    Report report;
+    test::ViewDriver driver;
+};
+
+bool isFinite(const QPolygonF& polygon)
+{
+    for (const QPointF& p : polygon)
+        if (!std::isfinite(p.x()) || !std::isfinite(p.y()))
+            return false;
+    return true;
+}
+
+QPixmap filledPixmap(int w, int h)
+{
+    QPixmap pixmap(w, h);
+    pixmap.fill(Qt::darkBlue);
+    return pixmap;
+}
+
+} // namespace
+
+class TestTrackers : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void trackerFollowsSelection();
+    void rectHandles_data();
+    void rectHandles();
+    void liveReshapeIsOneStep();
+    void otherButtonsStartNoDrag();
+    void lineEnds_data();
+    void lineEnds();
+    void textWidthHandles();
+    void tableLines_data();
+    void tableLines();
+    void tableWithoutColumns();
+    void imageScaledByTransform();
+    void degenerateShapesStayFinite();
+    void deletedItemLeavesNoTracker();
+};
+
+void TestTrackers::trackerFollowsSelection()
+{
+    Designer d;
+    auto* rect = d.add(new ReportRectItem, QPointF(100, 100));
+    rect->setRect(10, 20, 80, 40);
+    auto* line = d.add(new ReportLineItem);
+    line->setLine(300, 300, 400, 350);
+    auto* text = d.add(new ReportTextItem, QPointF(300, 100));
+    text->setPlainText(QStringLiteral("凝血"));
+    auto* image = d.add(new ReportImageItem, QPointF(500, 500));
+    image->setPixmap(filledPixmap(30, 20));
+    auto* table = d.add(new TestTableItem({60, 80}, 2), QPointF(100, 400));
+
+    d.select(rect);
+    auto* rectTracker = dynamic_cast<RectTracker*>(d.report.tracker());
+    QVERIFY(rectTracker);
+    QVERIFY(!dynamic_cast<TransformTracker*>(rectTracker));
+    QCOMPARE(rectTracker->type(), 65537);
+    QCOMPARE(rectTracker->scene(), &d.report);
+    QCOMPARE(rectTracker->zValue(), 1.0);
+    QCOMPARE(rectTracker->reportItem(), static_cast<ReportItem*>(rect));
+    QCOMPARE(rectTracker->handles().size(), 8);
+    const QPointF expected[8] = {{110, 120}, {150, 120}, {190, 120}, {190, 140},
+                                 {190, 160}, {150, 160}, {110, 160}, {110, 140}};
+    for (int id = 0; id < 8; ++id) {
+        QCOMPARE(d.handle(id)->tracker(), rectTracker);
+        QCOMPARE(d.handlePos(id), expected[id]);
+        QVERIFY(d.handle(id)->graphicsItem()->flags() & QGraphicsItem::ItemIgnoresTransformations);
+        QVERIFY(!ReportItem::fromGraphicsItem(d.handle(id)->graphicsItem()));
+    }
+    QCOMPARE(static_cast<QGraphicsRectItem*>(d.handle(0)->graphicsItem())->rect(), QRectF(-3.5, -3.5, 7, 7));
+    QCOMPARE(d.handle(3)->graphicsItem()->cursor().shape(), Qt::SizeHorCursor);
+    QCOMPARE(d.handle(2)->graphicsItem()->cursor().shape(), Qt::SizeBDiagCursor);
+
+    // Moving the item by other means moves the handles along.
+    rect->setPos(120, 100);
+    QCOMPARE(d.handlePos(0), QPointF(130, 120));
+
+    d.select(line);
+    QVERIFY(dynamic_cast<LineTracker*>(d.report.tracker()));
+    QCOMPARE(d.report.tracker()->handles().size(), 2);
+    QCOMPARE(d.handlePos(1), QPointF(400, 350));
+    d.select(text);
+    QVERIFY(dynamic_cast<TextTracker*>(d.report.tracker()));
+    QCOMPARE(d.report.tracker()->handles().size(), 3);
+    QCOMPARE(d.handle(2)->graphicsItem()->toolTip(), QStringLiteral("自动调整大小"));
+    d.select(image);
+    QVERIFY(dynamic_cast<TransformTracker*>(d.report.tracker())); // no tracker of its own
+    QCOMPARE(d.report.tracker()->handles().size(), 8);
+    d.select(table);
+    auto* tableTracker = dynamic_cast<TableTracker*>(d.report.tracker());
+    QVERIFY(tableTracker);
+    QCOMPARE(tableTracker->firstLineHandle(), 8);
+    QCOMPARE(tableTracker->handles().size(), 11); // 8 + row line + 2 column borders
+    QVERIFY(dynamic_cast<GraphicsDiamondItem*>(d.handle(9)->graphicsItem()));
+    QCOMPARE(d.handle(8)->graphicsItem()->cursor().shape(), Qt::SizeVerCursor);
+    QCOMPARE(d.handle(10)->graphicsItem()->cursor().shape(), Qt::SizeHorCursor);
+    QCOMPARE(d.handlePos(8), QPointF(100, 424));
+    QCOMPARE(d.handlePos(10), QPointF(240, 400));
+
+    // Two selected items show no handles, nor does an empty selection.
+    rect->setSelected(true);
+    QCOMPARE(d.report.selectedItems().size(), 2);
+    QVERIFY(!d.report.tracker());
+    d.report.clearSelection();
+    QVERIFY(!d.report.tracker());
+    QVERIFY(!d.report.items().contains(tableTracker));
+
+    // Outside design mode selection makes no tracker.
+    d.report.setDesignMode(false);
+    rect->setSelected(true);
+    QVERIFY(!d.report.tracker());
+}
+
+void TestTrackers::rectHandles_data()
+{
+    QTest::addColumn<QRectF>("start");
+    QTest::addColumn<int>("id");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QPointF>("target");
+    QTest::addColumn<QPolygonF>("geometry");
+
+    const QRectF square(QPointF(50, 50), QPointF(100, 100));
+    const QRectF wide(QPointF(50, 50), QPointF(150, 100));
+    auto poly = [](QPointF a, QPointF b) {
+        return QPolygonF({a, b});
+    };
+    QTest::newRow("corner on the grid")
+        << square << 4 << 0 << QPointF(133, 127) << poly({50, 50}, {130, 130});
+    QTest::newRow("corner with alt") << square << 4 << int(Qt::AltModifier) << QPointF(133, 127)
+                                     << poly({50, 50}, {133, 127});
+    QTest::newRow("ctrl: wider scale wins")
+        << wide << 4 << int(Qt::ControlModifier) << QPointF(200, 110) << poly({50, 50}, {200, 125});
+    QTest::newRow("ctrl: taller scale wins")
+        << wide << 4 << int(Qt::ControlModifier) << QPointF(160, 150) << poly({50, 50}, {250, 150});
+    QTest::newRow("ctrl: top-left keeps the opposite corner")
+        << wide << 0 << int(Qt::ControlModifier) << QPointF(20, 40) << poly({20, 35}, {150, 100});
+    QTest::newRow("ctrl: top-right") << wide << 2 << int(Qt::ControlModifier) << QPointF(200, 40)
+                                     << poly({50, 25}, {200, 100});
+    QTest::newRow("ctrl: bottom-left")
+        << wide << 6 << int(Qt::ControlModifier) << QPointF(0, 110) << poly({0, 50}, {150, 125});
+    QTest::newRow("edge handles ignore ctrl")
+        << wide << 3 << int(Qt::ControlModifier) << QPointF(182, 77) << poly({50, 50}, {180, 100});
+    QTest::newRow("top edge") << wide << 1 << 0 << QPointF(77, 20) << poly({50, 20}, {150, 100});
+    QTest::newRow("bottom edge") << wide << 5 << 0 << QPointF(10, 140) << poly({50, 50}, {150, 140});
+    QTest::newRow("top-right corner") << wide << 2 << 0 << QPointF(170, 30) << poly({50, 30}, {170, 100});
+    QTest::newRow("bottom-left corner") << wide << 6 << 0 << QPointF(30, 130) << poly({30, 50}, {150, 130});
+    QTest::newRow("left edge past the right edge")
+        << wide << 7 << 0 << QPointF(250, 75) << poly({250, 50}, {150, 100});
+}
+
+void TestTrackers::rectHandles()
+{
+    QFETCH(QRectF, start);
+    QFETCH(int, id);
+    QFETCH(int, modifiers);
+    QFETCH(QPointF, target);
+    QFETCH(QPolygonF, geometry);
+
+    Designer d;
+    auto* rect = d.add(new ReportRectItem);
+    rect->setRect(start);
+    d.select(rect);
+    d.driver.drag(d.handlePos(id), target, Qt::KeyboardModifiers(modifiers));
+
+    QCOMPARE(rect->geometry(), geometry);
+    QCOMPARE(d.steps(), 1);
+    QCOMPARE(d.handlePos(0), geometry.at(0));
+    QCOMPARE(d.handlePos(4), geometry.at(1));
+    d.report.undo();
+    QCOMPARE(rect->rect(), start);
+    d.report.redo();
+    QCOMPARE(rect->geometry(), geometry);
+}
+
+void TestTrackers::liveReshapeIsOneStep()
+{
+    Designer d;
+    auto* rect = d.add(new ReportRectItem, QPointF(40, 60));
+    rect->setRect(0, 0, 100, 50);
+    d.select(rect);
+
+    d.driver.press(d.handlePos(4));
+    QCOMPARE(d.steps(), 0);
+    d.driver.move({170, 130});
+    QCOMPARE(rect->rect(), QRectF(0, 0, 130, 70)); // live, snapped in scene space
+    QCOMPARE(d.handlePos(4), QPointF(170, 130));
+    d.driver.move({200, 150});
+    QCOMPARE(rect->rect(), QRectF(0, 0, 160, 90));
+    d.driver.move({241, 171});
+    QCOMPARE(d.steps(), 0);
+    d.driver.release({241, 171});
+    QCOMPARE(rect->rect(), QRectF(0, 0, 200, 110));
+    QCOMPARE(d.steps(), 1);
+    QCOMPARE(rect->pos(), QPointF(40, 60));
+
+    // Undo is one step back to the start, whatever the number of moves.
+    d.report.undo();
+    QCOMPARE(rect->rect(), QRectF(0, 0, 100, 50));
+    QVERIFY(rect->isSelected());
+    QCOMPARE(d.handlePos(4), QPointF(140, 110));
+}
+
+void TestTrackers::otherButtonsStartNoDrag()
+{
+    Designer d;
+    auto* rect = d.add(new ReportRectItem);
+    rect->setRect(50, 50, 100, 50);
+    d.select(rect);
+    for (Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        d.driver.press(d.handlePos(4), button);
+        d.driver.move({200, 200});
+        d.driver.release({200, 200}, button);
+    }
+    QCOMPARE(rect->rect(), QRectF(50, 50, 100, 50));
+    QCOMPARE(d.steps(), 0);
+}
+
+void TestTrackers::lineEnds_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QPointF>("target");
+    QTest::addColumn<QLineF>("line");
+
+    const double length = std::hypot(100.0, 40.0);
+    QTest::newRow("end on the grid") << 1 << 0 << QPointF(151, 92) << QLineF(50, 50, 150, 90);
+    QTest::newRow("end with shift") << 1 << int(Qt::ShiftModifier) << QPointF(151, 92)
+                                    << QLineF(50, 50, 50 + length, 50);
+    // Snapped to (100, -30), then to 135 degrees around the other end.
+    const double slant = std::hypot(50.0, 80.0) / std::sqrt(2.0);
+    QTest::newRow("start with shift")
+        << 0 << int(Qt::ShiftModifier) << QPointF(98, -28) << QLineF(150 - slant, 50 - slant, 150, 50);
+    QTest::newRow("start with alt") << 0 << int(Qt::AltModifier) << QPointF(47, 63)
+                                    << QLineF(47, 63, 150, 50);
+}
+
+void TestTrackers::lineEnds()
+{
+    QFETCH(int, id);
+    QFETCH(int, modifiers);
+    QFETCH(QPointF, target);
+    QFETCH(QLineF, line);
+
+    Designer d;
+    auto* item = d.add(new ReportLineItem);
+    item->setLine(50, 50, 150, 50);
+    d.select(item);
+    d.driver.drag(d.handlePos(id), target, Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(item->line().p1(), line.p1());
+    QCOMPARE(item->line().p2(), line.p2());
+    QCOMPARE(d.handlePos(id), id == 0 ? line.p1() : line.p2());
+    QCOMPARE(d.steps(), 1);
+    d.report.undo();
+    QCOMPARE(item->line(), QLineF(50, 50, 150, 50));
+}
+
+void TestTrackers::textWidthHandles()
+{
+    Designer d;
+    auto* text = d.add(new ReportTextItem, QPointF(100, 100));
+    text->setPlainText(QStringLiteral("Hello report"));
+    d.select(text);
+    QCOMPARE(text->textWidth(), -1.0);
+    const QRectF bounds = text->boundingRect();
+    QVERIFY(!d.handle(2)->graphicsItem()->isVisible()); // automatic width
+    QCOMPARE(d.handlePos(1), QPointF(100 + bounds.right(), 100 + bounds.center().y()));
+
+    // The right handle fixes the width and shows the auto-size handle.
+    const QPointF right = d.handlePos(1);
+    d.driver.drag(right, right + QPointF(40, 17), Qt::AltModifier);
+    QCOMPARE(text->textWidth(), bounds.width() + 40);
+    QCOMPARE(text->pos(), QPointF(100, 100));
+    QVERIFY(d.handle(2)->graphicsItem()->isVisible());
+    QCOMPARE(d.handlePos(1).y(), right.y()); // only the width changed
+    QCOMPARE(d.steps(), 1);
+
+    // The left handle moves the left edge; the right edge stays.
+    const QPointF left = d.handlePos(0);
+    d.driver.drag(left, left + QPointF(20, 0), Qt::AltModifier);
+    QCOMPARE(text->pos(), QPointF(120, 100));
+    QCOMPARE(text->textWidth(), bounds.width() + 20);
+    QCOMPARE(d.steps(), 2);
+
+    // A click on the yellow handle goes back to automatic width, as one step.
+    const QPointF autoSize = d.handlePos(2);
+    QCOMPARE(autoSize, QPointF(120 + bounds.width() + 20, 100 + text->boundingRect().bottom()));
+    d.driver.press(autoSize);
+    d.driver.move(autoSize + QPointF(30, 30)); // the yellow handle cannot be dragged
+    QCOMPARE(text->textWidth(), bounds.width() + 20);
+    d.driver.release(autoSize + QPointF(30, 30));
+    QCOMPARE(text->textWidth(), -1.0);
+    QVERIFY(!d.handle(2)->graphicsItem()->isVisible());
+    QCOMPARE(d.steps(), 3);
+
+    d.report.undo();
+    QCOMPARE(text->textWidth(), bounds.width() + 20);
+    QVERIFY(d.handle(2)->graphicsItem()->isVisible()); // a fresh tracker after the undo
+    d.report.undo();
+    d.report.undo();
+    QCOMPARE(text->textWidth(), -1.0);
+    QCOMPARE(text->pos(), QPointF(100, 100));
+}
+
+void TestTrackers::tableLines_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<QPointF>("delta");
+    QTest::addColumn<QList<double>>("widths");
+    QTest::addColumn<double>("rowHeight");
+    QTest::addColumn<QPointF>("pos");
+
+    // Columns 60, 80 and 100 wide, rows 24 high, the table at (100, 100).
+    QTest::newRow("column line drags the lines to its right")
+        << 9 << QPointF(30, 13) << QList<double>{90, 80, 100} << 24.0 << QPointF(100, 100);
+    QTest::newRow("column line stops at the line before it")
+        << 10 << QPointF(-120, 0) << QList<double>{60, 0, 100} << 24.0 << QPointF(100, 100);
+    QTest::newRow("first column line stops at the left edge")
+        << 9 << QPointF(-200, 0) << QList<double>{0, 80, 100} << 24.0 << QPointF(100, 100);
+    QTest::newRow("last column line")
+        << 11 << QPointF(-25, 40) << QList<double>{60, 80, 75} << 24.0 << QPointF(100, 100);
+    QTest::newRow("row line moves vertically only")
+        << 8 << QPointF(35, 16) << QList<double>{60, 80, 100} << 40.0 << QPointF(100, 100);
+    QTest::newRow("row line stops at the top edge")
+        << 8 << QPointF(0, -60) << QList<double>{60, 80, 100} << 0.0 << QPointF(100, 100);
+    QTest::newRow("top-left corner takes the lines along")
+        << 0 << QPointF(21, 9) << QList<double>{60, 80, 100} << 24.0 << QPointF(120, 110);
+    QTest::newRow("bottom-right corner leaves the lines")
+        << 4 << QPointF(50, 50) << QList<double>{60, 80, 100} << 24.0 << QPointF(100, 100);
+}
+
+void TestTrackers::tableLines()
+{
+    QFETCH(int, id);
+    QFETCH(QPointF, delta);
+    QFETCH(QList<double>, widths);
+    QFETCH(double, rowHeight);
+    QFETCH(QPointF, pos);
+
+    Designer d;
+    auto* table = d.add(new TestTableItem({60, 80, 100}, 4), QPointF(100, 100));
+    d.select(table);
+    const QPointF from = d.handlePos(id);
+    d.driver.drag(from, from + delta);
+
+    QCOMPARE(table->widths(), widths);
+    QCOMPARE(table->rowHeight(), rowHeight);
+    QCOMPARE(table->pos(), pos);
+    QCOMPARE(d.steps(), 1);
+    // The handles sit on the new lines.
+    const QPolygonF g = table->geometry();
+    for (int i = 2; i < g.size(); ++i)
+        QCOMPARE(d.handlePos(8 + i - 2), table->mapToScene(g.at(i)));
+
+    d.report.undo();
+    QCOMPARE(table->widths(), (QList<double>{60, 80, 100}));
+    QCOMPARE(table->rowHeight(), 24.0);
+    QCOMPARE(table->pos(), QPointF(100, 100));
+}
+
+// A table with a row line but no column border: a corner move shifts the row line sideways only.
+void TestTrackers::tableWithoutColumns()
+{
+    Designer d;
+    auto* table = d.add(new TestTableItem({}, 2), QPointF(100, 100));
+    table->setSize(QSizeF(120, 60));
+    d.select(table);
+    QCOMPARE(table->geometry().size(), 3);
+    QCOMPARE(d.report.tracker()->handles().size(), 9);
+
+    d.driver.drag(d.handlePos(0), QPointF(121, 79));
+    QVERIFY(isFinite(table->geometry()));
+    QCOMPARE(table->pos(), QPointF(120, 80));
+    QCOMPARE(table->rowHeight(), 44.0); // the row line kept its scene height
+    QCOMPARE(d.steps(), 1);
+}
+
+void TestTrackers::imageScaledByTransform()
+{
+    Designer d;
+    auto* image = d.add(new ReportImageItem, QPointF(100, 100));
+    image->setPixmap(filledPixmap(50, 40));
+    d.select(image);
+    QVERIFY(dynamic_cast<TransformTracker*>(d.report.tracker()));
+    const QPolygonF geometry = image->geometry();
+    const QRectF bounds = image->boundingRect();
+    QCOMPARE(d.handlePos(3), QPointF(100 + bounds.right(), 100 + bounds.center().y()));
+
+    // The right edge dragged to twice the width.
+    const QPointF edge = d.handlePos(3);
+    d.driver.drag(edge, edge + QPointF(bounds.width(), 0), Qt::AltModifier);
+    QCOMPARE(image->transform().m11(), 2.0);
+    QCOMPARE(image->transform().m22(), 1.0);
+    QCOMPARE(image->geometry(), geometry); // resized by the transform only
+    QCOMPARE(image->pixmap().size(), QSize(50, 40));
+    QCOMPARE(image->pos(), QPointF(100, 100));
+    QCOMPARE(d.steps(), 1);
+    QCOMPARE(d.handlePos(3), QPointF(100 + 2 * bounds.right(), edge.y())); // scaled about the origin
+
+    d.report.undo();
+    QVERIFY(image->transform().isIdentity());
+    QVERIFY(image->isSelected());
+    d.report.redo();
+    QCOMPARE(image->transform().m11(), 2.0);
+
+    // The bottom edge, in one move, to the grid line at 180: the item (41 units high with its
+    // selection margin) is scaled about its origin.
+    d.select(image);
+    const QPointF bottom = d.handlePos(5);
+    d.driver.press(bottom);
+    d.driver.move(QPointF(bottom.x(), 181));
+    d.driver.release(QPointF(bottom.x(), 181));
+    QCOMPARE(image->transform().m11(), 2.0);
+    QCOMPARE(image->transform().m22(), (180.0 - 100 + 0.5) / 41);
+    QCOMPARE(d.steps(), 2);
+    d.report.undo();
+    QCOMPARE(image->transform().m22(), 1.0);
+}
+
+void TestTrackers::degenerateShapesStayFinite()
+{
+    Designer d;
+    // Boxes of zero width or height, resized by a corner with the aspect lock: there is no
+    // aspect to keep. (Coinciding handles: the last made is on top.)
+    auto* thin = d.add(new ReportRectItem);
+    thin->setRect(QRectF(QPointF(60, 60), QPointF(60, 120)));
+    d.select(thin);
+    QCOMPARE(d.report.itemAt(QPointF(60, 120), QTransform()), d.handle(6)->graphicsItem());
+    d.driver.drag(d.handlePos(6), QPointF(30, 150), Qt::ControlModifier);
+    QVERIFY(isFinite(thin->geometry()));
+    QCOMPARE(thin->geometry(), QPolygonF({QPointF(30, 60), QPointF(60, 150)}));
+
+    auto* flat = d.add(new ReportRectItem);
+    flat->setRect(QRectF(QPointF(200, 60), QPointF(300, 60)));
+    d.select(flat);
+    QCOMPARE(d.report.itemAt(QPointF(300, 60), QTransform()), d.handle(4)->graphicsItem());
+    d.driver.drag(d.handlePos(4), QPointF(320, 80), Qt::ControlModifier);
+    QVERIFY(isFinite(flat->geometry()));
+    QCOMPARE(flat->geometry(), QPolygonF({QPointF(200, 60), QPointF(320, 80)}));
+
+    // An image without a pixmap has empty bounds: nothing to scale.
+    auto* empty = d.add(new ReportImageItem, QPointF(400, 400));
+    d.select(empty);
+    QVERIFY(dynamic_cast<TransformTracker*>(d.report.tracker()));
+    d.driver.drag(QPointF(400, 400), QPointF(450, 440));
+    const QTransform t = empty->transform();
+    QVERIFY(std::isfinite(t.m11()) && std::isfinite(t.m22()) && std::isfinite(t.dx()) &&
+            std::isfinite(t.dy()));
+    QVERIFY(t.isIdentity());
+}
+
+void TestTrackers::deletedItemLeavesNoTracker()
+{
+    Designer d;
+    auto* first = d.add(new ReportRectItem);
+    first->setRect(50, 50, 100, 50);
+    d.select(first);
+    QVERIFY(d.report.tracker());
+    delete first;
+    QVERIFY(!d.report.tracker());
+
+    auto* second = d.add(new ReportRectItem);
+    second->setRect(50, 50, 100, 50);
+    d.select(second);
+    d.report.addUndoCommand(new DeleteCommand(second));
+    QVERIFY(!d.report.tracker());
+    QVERIFY(d.report.reportItems().isEmpty());
+    d.report.undo();
+    d.select(second);
+    QVERIFY(d.report.tracker());
+
+    // Deleted in the middle of a handle drag: the drag's pending command goes with the tracker.
+    d.driver.press(d.handlePos(4));
+    d.driver.move({200, 150});
+    d.report.addUndoCommand(new DeleteCommand(second));
+    QVERIFY(!d.report.tracker());
+    d.driver.move({220, 170});
+    d.driver.release({220, 170});
+    QCOMPARE(d.steps(), 1);
+    d.report.undo();
+    QCOMPARE(second->rect(), QRectF(50, 50, 150, 100));
+}
+
+QTEST_MAIN(TestTrackers)
+#include "tst_trackers.moc"
