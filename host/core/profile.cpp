@@ -22,8 +22,8 @@ public:
 
     QString open(const QString& kind, const QString& path)
     {
-        const QString name = QStringLiteral("profile-%1-%2")
-                                 .arg(QUuid::createUuid().toString(QUuid::WithoutBraces), kind);
+        const QString name =
+            QStringLiteral("profile-%1-%2").arg(QUuid::createUuid().toString(QUuid::WithoutBraces), kind);
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
         db.setDatabaseName(path);
         if (!db.open())
@@ -91,7 +91,8 @@ QString Profile::databasePath(const QString& which) const
     if (!d->settings)
         return QString();
     const QString name =
-        d->settings->value(QStringLiteral("database/") + which, which + QStringLiteral(".db")).toString();
+        d->settings->value(QStringLiteral("database/") + which, QString(which + QStringLiteral(".db")))
+            .toString();
     return QFileInfo(d->settings->fileName()).absoluteDir().absoluteFilePath(name);
 }
 
