@@ -14,10 +14,10 @@ std::optional<AssayTemplate> AssayDirectory::findTemplate(const QString& name) c
     if (!m_profile)
         return std::nullopt;
     QSqlQuery query(m_profile->database());
-    query.prepare(
+    const bool prepared = query.prepare(
         QStringLiteral("select id, name from assayTemplate where name = :name order by id limit 1"));
     query.bindValue(QStringLiteral(":name"), name);
-    if (!query.exec()) {
+    if (!prepared || !query.exec()) {
         qWarning("AssayDirectory: %s", qPrintable(query.lastError().text()));
         return std::nullopt;
     }
@@ -32,11 +32,12 @@ std::optional<AssayItem> AssayDirectory::findItem(const AssayTemplate& assayTemp
     if (!m_profile)
         return std::nullopt;
     QSqlQuery query(m_profile->database());
-    query.prepare(QStringLiteral("select id, name, abbr, unit, precision from assayItem "
-                                 "where assayTemplateId = :templateId and name = :name order by id limit 1"));
+    const bool prepared = query.prepare(
+        QStringLiteral("select id, name, abbr, unit, precision from assayItem "
+                       "where assayTemplateId = :templateId and name = :name order by id limit 1"));
     query.bindValue(QStringLiteral(":templateId"), assayTemplate.id());
     query.bindValue(QStringLiteral(":name"), name);
-    if (!query.exec()) {
+    if (!prepared || !query.exec()) {
         qWarning("AssayDirectory: %s", qPrintable(query.lastError().text()));
         return std::nullopt;
     }

@@ -36,14 +36,15 @@ QList<MaintenanceRecord> MaintenanceRecords::records(const Workbench* workbench,
         return list;
     const QDate first(month.year(), month.month(), 1);
     QSqlQuery query(m_profile->qcDatabase());
-    query.prepare(QStringLiteral("select id, date, task, operator, result, remark from maintenanceRecord "
-                                 "where workbench = :workbench and recordType = :type "
-                                 "and date >= :first and date < :next order by date, id"));
+    const bool prepared =
+        query.prepare(QStringLiteral("select id, date, task, operator, result, remark from maintenanceRecord "
+                                     "where workbench = :workbench and recordType = :type "
+                                     "and date >= :first and date < :next order by date, id"));
     query.bindValue(QStringLiteral(":workbench"), workbench->id());
     query.bindValue(QStringLiteral(":type"), int(recordType));
     query.bindValue(QStringLiteral(":first"), first.toString(dateFormat));
     query.bindValue(QStringLiteral(":next"), first.addMonths(1).toString(dateFormat));
-    if (!query.exec()) {
+    if (!prepared || !query.exec()) {
         qWarning("MaintenanceRecords: %s", qPrintable(query.lastError().text()));
         return list;
     }

@@ -46,11 +46,11 @@ std::unique_ptr<QcSeries> QcDataReader::read(qint64 reagentId, const QDate& from
 bool QcDataReader::readReagent(qint64 reagentId, QcSeries* series)
 {
     QSqlQuery query(m_profile->qcDatabase());
-    query.prepare(QStringLiteral(
+    const bool prepared = query.prepare(QStringLiteral(
         "select controlNo, assayTemplate, assayItem, hasLimits, targetValue, upperMarkLimit, upperStopLimit, "
         "lowerMarkLimit, lowerStopLimit, mean, sd from reagent where id = :id"));
     query.bindValue(QStringLiteral(":id"), reagentId);
-    if (!query.exec()) {
+    if (!prepared || !query.exec()) {
         m_errorString =
             QStringLiteral("Cannot read reagent %1: %2").arg(reagentId).arg(query.lastError().text());
         return false;
@@ -91,7 +91,7 @@ bool QcDataReader::readPoints(qint64 reagentId, const QDate& from, const QDate& 
 
     QSqlQuery query(m_profile->qcDatabase());
     query.setForwardOnly(true);
-    query.prepare(sql);
+    const bool prepared = query.prepare(sql);
     query.bindValue(QStringLiteral(":id"), reagentId);
     const QDateTime start = from.isValid() ? from.startOfDay() : QDateTime();
     const QDateTime end = to.isValid() ? to.addDays(1).startOfDay() : QDateTime();
@@ -99,7 +99,7 @@ bool QcDataReader::readPoints(qint64 reagentId, const QDate& from, const QDate& 
         query.bindValue(QStringLiteral(":from"), start.toString(timeFormat));
     if (to.isValid())
         query.bindValue(QStringLiteral(":to"), end.toString(timeFormat));
-    if (!query.exec()) {
+    if (!prepared || !query.exec()) {
         m_errorString = QStringLiteral("Cannot read the QC points of reagent %1: %2")
                             .arg(reagentId)
                             .arg(query.lastError().text());
