@@ -247,6 +247,7 @@ protected:
 
 private:
     int size;
+    double pointSize = -1;
 };
 
 // Records a text item's plain text before an edit; pushed after the edit.

@@ -57,18 +57,17 @@ public:
 };
 
 // Joins a graphics item type G with the ReportItem interface R.
-template <class G, class R = ReportItem>
-class ReportItemImpl : public G, public R
+template <class G, class R = ReportItem> class ReportItemImpl : public G, public R
 {
 public:
     ReportItemImpl() : G()
     {
-        G::setData(ReportItem::AddressSlot,
-                   QVariant::fromValue<qulonglong>(reinterpret_cast<quintptr>(static_cast<ReportItem*>(this))));
+        G::setData(ReportItem::AddressSlot, QVariant::fromValue<qulonglong>(
+                                                reinterpret_cast<quintptr>(static_cast<ReportItem*>(this))));
         G::setCursor(Qt::SizeAllCursor);
     }
-    // Copies the graphics part and the guard flag; data slot 1 is left alone.
-    ReportItemImpl(const ReportItemImpl& other) : G(other), R(other), updatingGeometry(other.updatingGeometry) {}
+    // The implicit copy constructor (for copyable G such as the grid table) copies the
+    // graphics part and the guard flag; the copy's data slot 1 stays empty.
 
     QGraphicsItem* graphicsItem() const override
     {

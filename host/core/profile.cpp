@@ -91,7 +91,8 @@ QString Profile::databasePath(const QString& which) const
     if (!d->settings)
         return QString();
     const QString name =
-        d->settings->value(QStringLiteral("database/") + which, QString(which + QStringLiteral(".db")))
+        d->settings
+            ->value(QString(QStringLiteral("database/") + which), QString(which + QStringLiteral(".db")))
             .toString();
     return QFileInfo(d->settings->fileName()).absoluteDir().absoluteFilePath(name);
 }
