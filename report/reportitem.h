@@ -1,5 +1,6 @@
 #pragma once
 
 // All report item families; hosts include this one header.
+#include "databounditems.h"
 #include "drawingitems.h"
 #include "reportitembase.h"

@@ -1,0 +1,116 @@
+#include "maintenancegenerator.h"
+
+#include "tablewriter.h"
+
+#include <kvcore/maintenancemanager.h>
+
+namespace coagulation {
+
+namespace {
+
+struct Task
+{
+    QString name;
+    bool check;      // a check reports "正常"/"异常"; other tasks report "已完成"
+    QString problem; // what the operator notes when something was wrong
+};
+
+const QList<Task>& taskList(int recordType)
+{
+    static const QList<Task> daily = {
+        {QStringLiteral("检查试剂位温度"), true, QStringLiteral("试剂位温度偏高，已通知工程师")},
+        {QStringLiteral("检查清洗液余量"), true, QStringLiteral("清洗液不足，已补充")},
+        {QStringLiteral("排空废液"), false, QStringLiteral("废液桶传感器报警，已复位")},
+        {QStringLiteral("清洗探针"), false, QStringLiteral("探针堵塞，已疏通")},
+        {QStringLiteral("检查反应杯余量"), true, QStringLiteral("反应杯不足，已补充")},
+    };
+    static const QList<Task> weekly = {
+        {QStringLiteral("更换清洗液"), false, QStringLiteral("清洗液批号更换")},
+        {QStringLiteral("清洁样本针和试剂针外壁"), false, QStringLiteral("针外壁有结晶，已反复擦拭")},
+        {QStringLiteral("清洁试剂仓"), false, QStringLiteral("试剂仓内有冷凝水，已擦干")},
+        {QStringLiteral("检查管路有无漏液"), true, QStringLiteral("管路接头渗漏，已紧固")},
+        {QStringLiteral("清空废弃反应杯盒"), false, QString()},
+    };
+    static const QList<Task> monthly = {
+        {QStringLiteral("清洁散热过滤网"), false, QStringLiteral("过滤网积尘较多")},
+        {QStringLiteral("检查光路及光源强度"), true, QStringLiteral("光源强度下降，已预约更换灯泡")},
+        {QStringLiteral("检查注射器密封性"), true, QStringLiteral("注射器漏气，已更换密封圈")},
+        {QStringLiteral("清洁反应盘"), false, QString()},
+        {QStringLiteral("备份数据库"), false, QStringLiteral("备份盘空间不足，已清理")},
+    };
+    static const QList<Task> none;
+    switch (recordType) {
+    case MaintenanceManager::DailyMaintenance:
+        return daily;
+    case MaintenanceManager::WeeklyMaintenance:
+        return weekly;
+    case MaintenanceManager::MonthlyMaintenance:
+        return monthly;
+    default:
+        return none;
+    }
+}
+
+} // namespace
+
+MaintenanceGenerator::MaintenanceGenerator(quint32 seed, const QDate& lastDay, const QStringList& staff)
+    : m_random(seed, 3), m_lastDay(lastDay), m_staff(staff)
+{}
+
+QStringList MaintenanceGenerator::tasks(int recordType)
+{
+    QStringList names;
+    for (const Task& task : taskList(recordType))
+        names.append(task.name);
+    return names;
+}
+
+bool MaintenanceGenerator::write(QSqlDatabase db, int months)
+{
+    TableWriter workbenches(db, QStringLiteral("workbench"), {QStringLiteral("id"), QStringLiteral("name")});
+    const QStringList names = {QStringLiteral("1号凝血分析仪"), QStringLiteral("2号凝血分析仪")};
+    for (int i = 0; i < names.size(); ++i) {
+        if (!workbenches.insert({i + 1, names.at(i)})) {
+            m_errorString = workbenches.errorString();
+            return false;
+        }
+    }
+    if (months <= 0)
+        return true;
+
+    TableWriter records(db, QStringLiteral("maintenanceRecord"),
+                        {QStringLiteral("id"), QStringLiteral("workbench"), QStringLiteral("recordType"),
+                         QStringLiteral("date"), QStringLiteral("task"), QStringLiteral("operator"),
+                         QStringLiteral("result"), QStringLiteral("remark")});
+    qint64 id = 1;
+    const QDate lastMonth(m_lastDay.year(), m_lastDay.month(), 1);
+    for (QDate day = lastMonth.addMonths(1 - months); day <= m_lastDay; day = day.addDays(1)) {
+        for (int workbench = 1; workbench <= names.size(); ++workbench) {
+            QList<int> due;
+            if (m_random.chance(0.96))
+                due.append(MaintenanceManager::DailyMaintenance);
+            if (day.dayOfWeek() == Qt::Monday && m_random.chance(0.97))
+                due.append(MaintenanceManager::WeeklyMaintenance);
+            if (day.dayOfWeek() == Qt::Saturday && day.day() <= 7 && m_random.chance(0.95))
+                due.append(MaintenanceManager::MonthlyMaintenance);
+            const QString operatorName = m_staff.isEmpty() ? QString() : m_random.pick(m_staff);
+            for (int recordType : due) {
+                for (const Task& task : taskList(recordType)) {
+                    const bool problem = !task.problem.isEmpty() && m_random.chance(0.02);
+                    const QString result = !task.check ? QStringLiteral("已完成")
+                                           : problem   ? QStringLiteral("异常")
+                                                       : QStringLiteral("正常");
+                    if (!records.insert({id++, workbench, recordType,
+                                         day.toString(QStringLiteral("yyyy-MM-dd")), task.name, operatorName,
+                                         result, problem ? task.problem : QString()})) {
+                        m_errorString = records.errorString();
+                        return false;
+                    }
+                }
+            }
+        }
+    }
+    return true;
+}
+
+} // namespace coagulation

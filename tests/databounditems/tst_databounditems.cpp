@@ -1,0 +1,251 @@
+#include <core/profile.h>
+#include <kvcore/assayitem.h>
+#include <kvcore/assaytemplate.h>
+#include <kvcore/maintenanceexportdata.h>
+#include <kvcore/qcexportdata.h>
+#include <reportitem.h>
+
+#include <QGraphicsView>
+#include <QLocale>
+#include <QTest>
+
+using namespace coagulation;
+
+namespace {
+
+QByteArray save(ReportItem* item)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_4_6);
+    item->save(out);
+    return bytes;
+}
+
+template <typename T> T* reload(const QByteArray& bytes, T* item)
+{
+    QDataStream in(bytes);
+    in.setVersion(QDataStream::Qt_4_6);
+    item->load(in);
+    if (in.status() != QDataStream::Ok || !in.atEnd())
+        return nullptr;
+    return item;
+}
+
+} // namespace
+
+class tst_DataBoundItems : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void fieldPlaceholder();
+    void propTexts_data();
+    void propTexts();
+    void pageProperty();
+    void profileItem();
+    void monthAndOperator();
+    void payloads();
+    void editability();
+};
+
+void tst_DataBoundItems::fieldPlaceholder()
+{
+    Profile profile;
+    profile.setValue("patient/name", QStringLiteral("姓名"));
+    ReportFieldItem named(&profile, "patient", "name");
+    QCOMPARE(named.toPlainText(), QStringLiteral("[姓名]"));
+    ReportFieldItem unnamed(&profile, "patient", "bed");
+    QCOMPARE(unnamed.toPlainText(), QStringLiteral("[bed]"));
+    unnamed.setAlignment(Qt::AlignHCenter);
+    unnamed.setField("name");
+    QCOMPARE(unnamed.toPlainText(), QStringLiteral("[姓名]"));
+    QCOMPARE(unnamed.alignment(), Qt::Alignment(Qt::AlignHCenter));
+    unnamed.setTable("reagent");
+    QCOMPARE(unnamed.toPlainText(), QStringLiteral("[name]"));
+    QCOMPARE(unnamed.table(), QStringLiteral("reagent"));
+    unnamed.updateData(); // in no scene: nothing to show yet
+    QCOMPARE(unnamed.toPlainText(), QStringLiteral("[name]"));
+}
+
+void tst_DataBoundItems::propTexts_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("withData");
+    QTest::addColumn<bool>("withAssay");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("item placeholder") << "qc/item" << false << false << "[PT]";
+    QTest::newRow("abbr placeholder") << "qc/abbr" << false << false << "[PT-S]";
+    QTest::newRow("unit placeholder") << "qc/unit" << false << false << "[s]";
+    QTest::newRow("fileno placeholder") << "qc/fileno" << false << false << "[QC01]";
+    QTest::newRow("unit without assay") << "qc/unit" << true << false << "[s]";
+    QTest::newRow("item without template") << "qc/item" << true << false << "[PT]";
+    QTest::newRow("item") << "qc/item" << true << true << "APTT";
+    QTest::newRow("abbr") << "qc/abbr" << true << true << "APTT-S";
+    QTest::newRow("unit") << "qc/unit" << true << true << "秒";
+    QTest::newRow("fileno") << "qc/fileno" << true << false << "QC07";
+    QTest::newRow("unknown") << "qc/nothing" << true << true << "qc/nothing";
+    QTest::newRow("case sensitive") << "Date" << false << false << "Date";
+}
+
+void tst_DataBoundItems::propTexts()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, withData);
+    QFETCH(bool, withAssay);
+    QFETCH(QString, expected);
+    Profile profile;
+    Report report(&profile, nullptr);
+    AssayTemplate assayTemplate(3, "APTT");
+    AssayItem assay(4, "APTT-S", "APTT-S", QStringLiteral("秒"), 1);
+    QcExportData data;
+    data.controlNo = 7;
+    if (withAssay) {
+        data.assayTemplate = &assayTemplate;
+        data.assayItem = &assay;
+    }
+    auto* item = new ReportPropItem(&profile, name);
+    report.addItem(item);
+    if (withData)
+        report.prepareQcData(&data);
+    item->updateData();
+    QCOMPARE(item->toPlainText(), expected);
+}
+
+void tst_DataBoundItems::pageProperty()
+{
+    ReportPropItem outside(nullptr, "page");
+    QCOMPARE(outside.toPlainText(), QStringLiteral("1/1"));
+
+    Report report(nullptr, nullptr);
+    auto* page = new ReportPropItem(nullptr, "page");
+    report.addItem(page);
+    report.setCurrentPage(2);
+    report.setPageCount(3);
+    page->updateData();
+    QCOMPARE(page->toPlainText(), QStringLiteral("2/3"));
+
+    ReportPropItem date(nullptr, "date");
+    QCOMPARE(date.toPlainText(), QLocale().toString(QDate::currentDate(), QLocale::LongFormat));
+    ReportPropItem time(nullptr, "time");
+    const QTime shown = QTime::fromString(time.toPlainText(), Qt::TextDate);
+    QVERIFY(shown.isValid());
+    QVERIFY(qAbs(shown.secsTo(QTime::currentTime())) < 5);
+    date.setPropName("qc/unit");
+    QCOMPARE(date.toPlainText(), QStringLiteral("[s]"));
+}
+
+void tst_DataBoundItems::profileItem()
+{
+    Profile profile;
+    profile.setValue("hospital", QStringLiteral("示例市第一人民医院"));
+    ReportProfileItem hospital(&profile, "hospital");
+    QCOMPARE(hospital.toPlainText(), QStringLiteral("[hospital]"));
+    hospital.updateData(); // works without a scene
+    QCOMPARE(hospital.toPlainText(), QStringLiteral("示例市第一人民医院"));
+    ReportProfileItem missing(&profile, "nosuchsetting");
+    missing.updateData();
+    QCOMPARE(missing.toPlainText(), QString());
+    missing.setPropName("hospital");
+    QCOMPARE(missing.toPlainText(), QStringLiteral("[hospital]"));
+}
+
+void tst_DataBoundItems::monthAndOperator()
+{
+    ReportMonthItem month;
+    QCOMPARE(month.toPlainText(), QDate::currentDate().toString("yyyy-MM"));
+    ReportOperatorItem op;
+    QCOMPARE(op.toPlainText(), QStringLiteral("操作者"));
+    op.updateData();
+    QCOMPARE(op.toPlainText(), QStringLiteral("操作者"));
+
+    Report report(nullptr, nullptr);
+    auto* inReport = new ReportMonthItem;
+    inReport->setPlainText("as designed");
+    report.addItem(inReport);
+    report.fetchQcData(nullptr); // no maintenance data: left alone
+    QCOMPARE(inReport->toPlainText(), QStringLiteral("as designed"));
+    MaintenanceExportData data;
+    data.month = QDate(2026, 2, 14);
+    report.prepareMaintenanceData(&data);
+    QCOMPARE(inReport->toPlainText(), QStringLiteral("2026-02"));
+}
+
+void tst_DataBoundItems::payloads()
+{
+    Profile profile;
+    profile.setValue("patient/name", QStringLiteral("姓名"));
+    ReportFieldItem field(&profile, "patient", "name");
+    field.setAlignment(Qt::AlignRight);
+    const QByteArray fieldBytes = save(&field);
+    // The text payload first, then the version, the table and the field.
+    ReportTextItem asText(false);
+    asText.setAlignment(Qt::AlignRight);
+    asText.setFont(field.font());
+    asText.setPlainText(field.toPlainText());
+    QByteArray suffix;
+    {
+        QDataStream out(&suffix, QIODevice::WriteOnly);
+        out.setVersion(QDataStream::Qt_4_6);
+        out << qint8(1) << QStringLiteral("patient") << QStringLiteral("name");
+    }
+    QCOMPARE(fieldBytes, save(&asText) + suffix);
+
+    ReportFieldItem loadedField(&profile);
+    QVERIFY(reload(fieldBytes, &loadedField));
+    QCOMPARE(loadedField.table(), QStringLiteral("patient"));
+    QCOMPARE(loadedField.field(), QStringLiteral("name"));
+    QCOMPARE(loadedField.toPlainText(), QStringLiteral("[姓名]"));
+    QCOMPARE(loadedField.alignment(), Qt::Alignment(Qt::AlignRight));
+
+    // The saved text stands until the next refresh, even when the display name changed since.
+    profile.setValue("patient/name", QStringLiteral("患者姓名"));
+    ReportFieldItem stale(&profile);
+    QVERIFY(reload(fieldBytes, &stale));
+    QCOMPARE(stale.toPlainText(), QStringLiteral("[姓名]"));
+
+    ReportPropItem prop(&profile, "qc/fileno");
+    ReportPropItem loadedProp(&profile);
+    QVERIFY(reload(save(&prop), &loadedProp));
+    QCOMPARE(loadedProp.propName(), QStringLiteral("qc/fileno"));
+    QCOMPARE(loadedProp.toPlainText(), QStringLiteral("[QC01]"));
+    QCOMPARE(save(&loadedProp), save(&prop));
+
+    ReportProfileItem hospital(&profile, "hospital");
+    ReportProfileItem loadedHospital(&profile);
+    QVERIFY(reload(save(&hospital), &loadedHospital));
+    QCOMPARE(loadedHospital.propName(), QStringLiteral("hospital"));
+    QCOMPARE(save(&loadedHospital), save(&hospital));
+
+    // Month and operator items carry the text payload only.
+    ReportOperatorItem op;
+    op.setPlainText(QStringLiteral("审核者"));
+    ReportTextItem plain(true);
+    plain.setFont(op.font());
+    plain.setPlainText(QStringLiteral("审核者"));
+    QCOMPARE(save(&op), save(&plain));
+    ReportMonthItem month;
+    ReportMonthItem loadedMonth;
+    month.setPlainText("2025-01");
+    QVERIFY(reload(save(&month), &loadedMonth));
+    QCOMPARE(loadedMonth.toPlainText(), QStringLiteral("2025-01"));
+}
+
+void tst_DataBoundItems::editability()
+{
+    Profile profile;
+    ReportFieldItem field(&profile, "patient", "name");
+    ReportPropItem prop(&profile, "date");
+    ReportProfileItem value(&profile, "hospital");
+    ReportMonthItem month;
+    ReportOperatorItem op;
+    QVERIFY(!field.isEditable());
+    QVERIFY(!prop.isEditable());
+    QVERIFY(!value.isEditable());
+    QVERIFY(month.isEditable());
+    QVERIFY(op.isEditable());
+    QVERIFY(!(field.flags() & QGraphicsItem::ItemIsFocusable));
+    QVERIFY(op.flags() & QGraphicsItem::ItemIsFocusable);
+}
+
+QTEST_MAIN(tst_DataBoundItems)
+#include "tst_databounditems.moc"

@@ -1,0 +1,553 @@
+#include <core/analysisresult.h>
+#include <core/profile.h>
+#include <kvcore/maintenancerecords.h>
+#include <kvcore/qcdatareader.h>
+#include <kvcore/sample.h>
+#include <kvcore/statistic.h>
+#include <labdata/columndisplaynames.h>
+#include <labdata/labdatabasegenerator.h>
+
+#include <QRegularExpression>
+#include <QSet>
+#include <QSqlQuery>
+#include <QSqlRecord>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cmath>
+
+using namespace coagulation;
+
+namespace {
+
+QString dump(QSqlDatabase db)
+{
+    QStringList lines;
+    QSqlQuery objects(db);
+    objects.exec(QStringLiteral("select type, name, sql from sqlite_master order by name"));
+    while (objects.next()) {
+        lines.append(objects.value(2).toString());
+        if (objects.value(0).toString() != QLatin1String("table"))
+            continue;
+        QSqlQuery rows(db);
+        rows.exec(QStringLiteral("select * from \"%1\" order by rowid").arg(objects.value(1).toString()));
+        while (rows.next()) {
+            QStringList fields;
+            for (int i = 0; i < rows.record().count(); ++i)
+                fields.append(rows.isNull(i) ? QStringLiteral("NULL") : rows.value(i).toString());
+            lines.append(fields.join(QLatin1Char('|')));
+        }
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString dumpAll(Profile& profile)
+{
+    return dump(profile.database()) + QLatin1Char('\n') + dump(profile.dataDatabase()) + QLatin1Char('\n') +
+           dump(profile.qcDatabase());
+}
+
+QVariant scalar(QSqlDatabase db, const QString& sql)
+{
+    QSqlQuery query(db);
+    if (!query.exec(sql) || !query.next())
+        return QVariant();
+    return query.value(0);
+}
+
+bool generate(Profile* profile, quint32 seed, int patients = 120, int points = 60)
+{
+    LabDatabaseGenerator generator(profile, seed);
+    generator.setPatientCount(patients);
+    generator.setQcPointCount(points);
+    const bool ok = generator.generate();
+    if (!ok)
+        qWarning("%s", qPrintable(generator.errorString()));
+    return ok;
+}
+
+} // namespace
+
+class TestLabData : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void determinism();
+    void declaredTypes_data();
+    void declaredTypes();
+    void storedDatesAndTimes();
+    void patientsAndResults();
+    void qcSeries();
+    void maintenance();
+    void displayNames();
+    void options();
+    void failures();
+};
+
+void TestLabData::determinism()
+{
+    QTemporaryDir dirA;
+    QTemporaryDir dirB;
+    QTemporaryDir dirC;
+    QVERIFY(dirA.isValid() && dirB.isValid() && dirC.isValid());
+    QString first;
+    {
+        Profile a(dirA.filePath(QStringLiteral("lab.ini")));
+        Profile b(dirB.filePath(QStringLiteral("lab.ini")));
+        Profile c(dirC.filePath(QStringLiteral("lab.ini")));
+        QVERIFY(generate(&a, 7) && generate(&b, 7) && generate(&c, 8));
+        first = dumpAll(a);
+        QVERIFY(first.size() > 10000);
+        QCOMPARE(dumpAll(b), first);
+        QVERIFY(dump(c.dataDatabase()) != dump(a.dataDatabase()));
+        QVERIFY(dump(c.qcDatabase()) != dump(a.qcDatabase()));
+        // Generating again replaces the tables instead of adding to them.
+        QVERIFY(generate(&a, 7));
+        QCOMPARE(dumpAll(a), first);
+    }
+    // Real files, reopened by a fresh profile.
+    for (const char* name : {"config.db", "data.db", "qc.db"})
+        QVERIFY(QFileInfo(dirA.filePath(QString::fromLatin1(name))).size() > 0);
+    Profile reopened(dirA.filePath(QStringLiteral("lab.ini")));
+    QCOMPARE(dumpAll(reopened), first);
+
+    // Each kind of data has its own random stream: fewer patients leave the QC data alone.
+    Profile fewer;
+    QVERIFY(generate(&fewer, 7, 30));
+    QCOMPARE(dump(fewer.qcDatabase()), dump(reopened.qcDatabase()));
+    QCOMPARE(dump(fewer.database()), dump(reopened.database()));
+}
+
+void TestLabData::declaredTypes_data()
+{
+    QTest::addColumn<int>("database");
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("column");
+    QTest::addColumn<QString>("type");
+
+    const int data = LabSchema::DataDatabase;
+    const int qc = LabSchema::QcDatabase;
+    const int config = LabSchema::ConfigDatabase;
+    QTest::newRow("patient.id") << data << "patient"
+                                << "id"
+                                << "INTEGER";
+    QTest::newRow("patient.sampleNo") << data << "patient"
+                                      << "sampleNo"
+                                      << "TEXT";
+    QTest::newRow("patient.age") << data << "patient"
+                                 << "age"
+                                 << "INTEGER";
+    QTest::newRow("patient.collectTime") << data << "patient"
+                                         << "collectTime"
+                                         << "DATETIME";
+    QTest::newRow("patient.receiveTime") << data << "patient"
+                                         << "receiveTime"
+                                         << "DATETIME";
+    QTest::newRow("patient.reportTime") << data << "patient"
+                                        << "reportTime"
+                                        << "DATETIME";
+    QTest::newRow("patient.birthday") << data << "patient"
+                                      << "birthday"
+                                      << "DATE";
+    QTest::newRow("patient.checkTime") << data << "patient"
+                                       << "checkTime"
+                                       << "TIME";
+    QTest::newRow("patient.printTime") << data << "patient"
+                                       << "printTime"
+                                       << "DATETIME";
+    QTest::newRow("result.flag") << data << "result"
+                                 << "flag"
+                                 << "INTEGER";
+    QTest::newRow("result.result") << data << "result"
+                                   << "result"
+                                   << "TEXT";
+    QTest::newRow("result.lowerMarkLimit") << data << "result"
+                                           << "lowerMarkLimit"
+                                           << "REAL";
+    QTest::newRow("result.displayOrder") << data << "result"
+                                         << "displayOrder"
+                                         << "INTEGER";
+    QTest::newRow("assayItem.precision") << config << "assayItem"
+                                         << "precision"
+                                         << "INTEGER";
+    QTest::newRow("assayItem.visible") << config << "assayItem"
+                                       << "visible"
+                                       << "INTEGER";
+    QTest::newRow("reagent.expiry") << qc << "reagent"
+                                    << "expiry"
+                                    << "DATE";
+    QTest::newRow("reagent.targetValue") << qc << "reagent"
+                                         << "targetValue"
+                                         << "REAL";
+    QTest::newRow("qcResult.time") << qc << "qcResult"
+                                   << "time"
+                                   << "DATETIME";
+    QTest::newRow("maintenanceRecord.date") << qc << "maintenanceRecord"
+                                            << "date"
+                                            << "DATE";
+}
+
+void TestLabData::declaredTypes()
+{
+    QFETCH(int, database);
+    QFETCH(QString, table);
+    QFETCH(QString, column);
+    QFETCH(QString, type);
+
+    Profile profile;
+    QVERIFY(generate(&profile, 1, 10, 3));
+    const QSqlDatabase dbs[] = {profile.database(), profile.dataDatabase(), profile.qcDatabase()};
+    QSqlQuery query(dbs[database]);
+    QVERIFY(query.exec(QStringLiteral("pragma table_info('%1')").arg(table)));
+    QString declared;
+    while (query.next()) {
+        if (query.value(1).toString() == column)
+            declared = query.value(2).toString();
+    }
+    QCOMPARE(declared, type);
+}
+
+void TestLabData::storedDatesAndTimes()
+{
+    Profile profile;
+    QVERIFY(generate(&profile, 3, 200));
+    const QRegularExpression dateTime(QStringLiteral("^\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d$"));
+    const QRegularExpression date(QStringLiteral("^\\d{4}-\\d\\d-\\d\\d$"));
+    const QRegularExpression time(QStringLiteral("^\\d\\d:\\d\\d:\\d\\d$"));
+    QSqlQuery query(profile.dataDatabase());
+    QVERIFY(query.exec(QStringLiteral("select collectTime, receiveTime, reportTime, birthday, checkTime, "
+                                      "printTime from patient order by id")));
+    int rows = 0;
+    int nullBirthdays = 0;
+    QDateTime previous;
+    while (query.next()) {
+        ++rows;
+        for (int column : {0, 1, 2})
+            QVERIFY2(dateTime.match(query.value(column).toString()).hasMatch(),
+                     qPrintable(query.value(column).toString()));
+        if (query.isNull(3))
+            ++nullBirthdays;
+        else
+            QVERIFY(date.match(query.value(3).toString()).hasMatch());
+        QVERIFY(time.match(query.value(4).toString()).hasMatch());
+        QVERIFY(query.isNull(5));
+        // The way report items read them back: a QVariant holding the text.
+        const QDateTime collected = query.value(0).toDateTime();
+        const QDateTime received = query.value(1).toDateTime();
+        const QDateTime reported = query.value(2).toDateTime();
+        QVERIFY(collected.isValid() && received.isValid() && reported.isValid());
+        QVERIFY(collected < received && received < reported);
+        QVERIFY(query.value(4).toTime().isValid());
+        if (!query.isNull(3))
+            QVERIFY(query.value(3).toDate() < collected.date());
+        // Samples come day by day.
+        QVERIFY(!previous.isValid() || previous.date() <= collected.date());
+        previous = collected;
+    }
+    QCOMPARE(rows, 200);
+    QVERIFY(nullBirthdays > 0 && nullBirthdays < rows / 4);
+    QCOMPARE(previous.date(), QDate(2024, 6, 28));
+    QCOMPARE(
+        scalar(profile.dataDatabase(), QStringLiteral("select min(substr(collectTime, 1, 10)) from patient")),
+        QVariant(QStringLiteral("2024-06-24")));
+
+    QSqlQuery qc(profile.qcDatabase());
+    QVERIFY(qc.exec(QStringLiteral("select time from qcResult union all select expiry from reagent")));
+    while (qc.next()) {
+        const QString text = qc.value(0).toString();
+        QVERIFY2(dateTime.match(text).hasMatch() || date.match(text).hasMatch(), qPrintable(text));
+    }
+}
+
+void TestLabData::patientsAndResults()
+{
+    Profile profile;
+    QVERIFY(generate(&profile, 5, 400));
+    const QSqlDatabase data = profile.dataDatabase();
+
+    // Sample numbers: QC samples carry the file number of a known control, emergency samples
+    // come from the emergency department.
+    const QSet<int> controls = [&] {
+        QSet<int> set;
+        QSqlQuery q(profile.qcDatabase());
+        q.exec(QStringLiteral("select controlNo from reagent"));
+        while (q.next())
+            set.insert(q.value(0).toInt());
+        return set;
+    }();
+    QSet<QString> qcNames;
+    for (int controlNo : controls)
+        qcNames.insert(Sample::qcName(controlNo, &profile));
+    int counts[3] = {0, 0, 0};
+    QSqlQuery patients(data);
+    QVERIFY(
+        patients.exec(QStringLiteral("select sampleNo, department, name, sex, age, ageUnit from patient")));
+    while (patients.next()) {
+        const QString sampleNo = patients.value(0).toString();
+        const kv::SampleType type = Sample::sampleTypeOf(sampleNo, &profile);
+        ++counts[type];
+        if (type == kv::QcSample)
+            QVERIFY2(qcNames.contains(sampleNo), qPrintable(sampleNo));
+        else
+            QVERIFY(!patients.value(2).toString().isEmpty() && !patients.value(5).toString().isEmpty());
+        QCOMPARE(type == kv::EmergencySample, patients.value(1).toString() == QStringLiteral("急诊科"));
+    }
+    QCOMPARE(counts[kv::QcSample], 16); // every 25th sample
+    QVERIFY(counts[kv::EmergencySample] > 10);
+    QVERIFY(counts[kv::PatientSample] > 300);
+
+    // Every result finds its assay the way the patient table looks it up, hidden ones included.
+    QSqlQuery lookup(profile.database());
+    QVERIFY(lookup.prepare(QStringLiteral("select precision, visible from assayItem, assayTemplate where "
+                                          "assayTemplate.id = assayItem.assayTemplateId "
+                                          "and  assayTemplate.name = :item and  assayItem.name = :subitem")));
+    QSqlQuery results(data);
+    QVERIFY(results.exec(QStringLiteral(
+        "select item, subitem, result, flag, lowerMarkLimit, upperMarkLimit, abbr from result order by id")));
+    int hidden = 0;
+    int flagged[4] = {0, 0, 0, 0};
+    int outOfRange = 0;
+    int noReference = 0;
+    while (results.next()) {
+        lookup.bindValue(QStringLiteral(":item"), results.value(0));
+        lookup.bindValue(QStringLiteral(":subitem"), results.value(1));
+        QVERIFY(lookup.exec());
+        QVERIFY2(lookup.next(), qPrintable(results.value(1).toString()));
+        if (!lookup.value(1).toBool())
+            ++hidden;
+        const int precision = lookup.value(0).toInt();
+        const QString text = results.value(2).toString();
+        const int flags = results.value(3).toInt();
+        const double low = results.value(4).toDouble();
+        const double high = results.value(5).toDouble();
+        if (low == 0 && high == 0)
+            ++noReference;
+        const AnalysisResult result(text, &profile);
+        if (!result.isNumeric()) {
+            // Only values beyond the measuring range are written as text.
+            QVERIFY2(text.startsWith(QLatin1Char('>')) || text.startsWith(QLatin1Char('<')),
+                     qPrintable(text));
+            QVERIFY(flags & (AnalysisResult::AboveRange | AnalysisResult::BelowRange));
+            ++outOfRange;
+            continue;
+        }
+        // Stored with the assay's decimals, and flagged exactly when outside the reference range.
+        QCOMPARE(result.toString(&profile, 1, 'f', precision), text);
+        if (high > low) {
+            QCOMPARE(bool(flags & AnalysisResult::High),
+                     result.value() > high || (flags & AnalysisResult::CriticalHigh));
+            QCOMPARE(bool(flags & AnalysisResult::Low),
+                     result.value() < low || (flags & AnalysisResult::CriticalLow));
+        }
+        flagged[0] += bool(flags & AnalysisResult::High);
+        flagged[1] += bool(flags & AnalysisResult::Low);
+        flagged[2] += bool(flags & AnalysisResult::CriticalHigh);
+        flagged[3] += bool(flags & AnalysisResult::CriticalLow);
+    }
+    QVERIFY(hidden > 0);
+    QVERIFY(noReference > 0);
+    QVERIFY(outOfRange > 0);
+    for (int count : flagged)
+        QVERIFY(count > 0);
+    // Most results are normal: abnormal ones are the exception.
+    const int total = scalar(data, QStringLiteral("select count(*) from result")).toInt();
+    QVERIFY(flagged[0] + flagged[1] < total / 3);
+    QCOMPARE(
+        scalar(data, QStringLiteral("select count(*) from result where flag & 4 and flag & 1 = 0")).toInt(),
+        0);
+    QCOMPARE(
+        scalar(data, QStringLiteral("select count(*) from result r left join patient p on p.id = r.patientId "
+                                    "where p.id is null"))
+            .toInt(),
+        0);
+    QCOMPARE(scalar(profile.database(), QStringLiteral("select count(*) from assayItem where visible = 0"))
+                 .toInt(),
+             2);
+    // Anticoagulation clinic samples ask for the PT alone.
+    const QString monitoring = QStringLiteral("from result r join patient p on p.id = r.patientId "
+                                              "where p.diagnosis = '华法林用药监测'");
+    QVERIFY(scalar(data, QStringLiteral("select count(*) ") + monitoring).toInt() > 0);
+    QCOMPARE(
+        scalar(data, QStringLiteral("select count(*) ") + monitoring + QStringLiteral(" and r.item != 'PT'"))
+            .toInt(),
+        0);
+}
+
+void TestLabData::qcSeries()
+{
+    Profile profile;
+    QVERIFY(generate(&profile, 11, 20, 300));
+    QcDataReader reader(&profile);
+    const QList<qint64> ids = reader.reagentIds();
+    QCOMPARE(ids.size(), 14);
+    int rejectedTotal = 0;
+    for (qint64 id : ids) {
+        std::unique_ptr<QcSeries> series = reader.read(id);
+        QVERIFY2(series, qPrintable(reader.errorString()));
+        const QcExportData* data = series->data();
+        QCOMPARE(data->points.size(), 300);
+        QCOMPARE(data->count, 300);
+        QVERIFY(data->assayTemplate && data->assayItem);
+        QVERIFY(!data->assayItem->unit().isNull());
+        QVERIFY(data->sd > 0);
+        QCOMPARE(QcPoint::toDatetime(data->points.last().time).date(), QDate(2024, 6, 28));
+        QCOMPARE(QcPoint::toDatetime(data->points.first().time).date(), QDate(2024, 6, 28).addDays(-99));
+        for (int i = 1; i < data->points.size(); ++i)
+            QVERIFY(data->points.at(i - 1).time < data->points.at(i).time);
+        for (const QcPoint& point : data->points) {
+            QCOMPARE(point.rejected, std::fabs(point.value - data->targetValue) > 3 * data->sd);
+            rejectedTotal += point.rejected;
+        }
+        // Lots: "N" for the normal or low level, "P" for the pathological or high one.
+        const QString lot =
+            scalar(profile.qcDatabase(), QStringLiteral("select lot from reagent where id = %1").arg(id))
+                .toString();
+        QCOMPARE(lot.at(0), data->controlNo % 2 ? QLatin1Char('N') : QLatin1Char('P'));
+        if (data->hasLimits) {
+            QVERIFY(data->lowerStopLimit < data->lowerMarkLimit && data->lowerMarkLimit < data->targetValue);
+            QVERIFY(data->targetValue < data->upperMarkLimit && data->upperMarkLimit < data->upperStopLimit);
+        } else {
+            QCOMPARE(data->upperStopLimit, 0.0);
+        }
+        // The runs scatter around the material's mean with about its SD.
+        double mean = 0;
+        double sd = 0;
+        QVERIFY(statistic(data->points, &mean, &sd));
+        QVERIFY2(std::fabs(mean - data->mean) < 0.5 * data->sd, qPrintable(QString::number(id)));
+        QVERIFY2(sd > 0.7 * data->sd && sd < 1.4 * data->sd, qPrintable(QString::number(id)));
+
+        // One day's runs.
+        std::unique_ptr<QcSeries> day = reader.read(id, QDate(2024, 6, 27), QDate(2024, 6, 27));
+        QVERIFY(day);
+        QCOMPARE(day->data()->count, 3);
+    }
+    QVERIFY(rejectedTotal > 0);
+    QVERIFY(rejectedTotal < 14 * 300 / 20);
+}
+
+void TestLabData::maintenance()
+{
+    Profile profile;
+    LabDatabaseGenerator generator(&profile, 2);
+    generator.setPatientCount(0);
+    generator.setQcPointCount(0);
+    generator.setMaintenanceMonths(2);
+    QVERIFY(generator.generate());
+
+    const MaintenanceRecords reader(&profile);
+    const QList<Workbench> workbenches = reader.workbenches();
+    QCOMPARE(workbenches.size(), 2);
+    const QSet<QString> daily = {QStringLiteral("检查试剂位温度"), QStringLiteral("检查清洗液余量"),
+                                 QStringLiteral("排空废液"), QStringLiteral("清洗探针"),
+                                 QStringLiteral("检查反应杯余量")};
+    for (const Workbench& workbench : workbenches) {
+        const QList<MaintenanceRecord> june =
+            reader.records(&workbench, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance);
+        QSet<QDate> days;
+        for (const MaintenanceRecord& record : june) {
+            QVERIFY(daily.contains(record.task));
+            QVERIFY(!record.operatorName.isEmpty());
+            QVERIFY(record.result == QStringLiteral("正常") || record.result == QStringLiteral("异常") ||
+                    record.result == QStringLiteral("已完成"));
+            if (record.result == QStringLiteral("异常"))
+                QVERIFY(!record.remark.isEmpty());
+            days.insert(record.date);
+        }
+        // Five tasks on every day that was done, nothing after the last day.
+        QCOMPARE(june.size(), days.size() * 5);
+        QVERIFY(days.size() >= 22 && days.size() <= 28);
+        QVERIFY(
+            std::all_of(days.cbegin(), days.cend(), [](const QDate& d) { return d <= QDate(2024, 6, 28); }));
+
+        for (const MaintenanceRecord& record :
+             reader.records(&workbench, QDate(2024, 5, 20), MaintenanceManager::WeeklyMaintenance))
+            QCOMPARE(record.date.dayOfWeek(), int(Qt::Monday));
+        const QList<MaintenanceRecord> monthly =
+            reader.records(&workbench, QDate(2024, 6, 20), MaintenanceManager::MonthlyMaintenance);
+        for (const MaintenanceRecord& record : monthly)
+            QCOMPARE(record.date, QDate(2024, 6, 1)); // the first Saturday of June 2024
+        // Nothing before the first month.
+        QVERIFY(
+            reader.records(&workbench, QDate(2024, 4, 1), MaintenanceManager::DailyMaintenance).isEmpty());
+    }
+}
+
+void TestLabData::displayNames()
+{
+    QTemporaryDir dir;
+    const QString ini = dir.filePath(QStringLiteral("lab.ini"));
+    {
+        Profile profile(ini);
+        QVERIFY(generate(&profile, 1, 5, 2));
+    }
+    Profile reopened(ini);
+    QCOMPARE(reopened.value(QStringLiteral("hospital")).toString(), QStringLiteral("示例市第一人民医院"));
+    QCOMPARE(reopened.value(QStringLiteral("patient/name")).toString(), QStringLiteral("姓名"));
+    QCOMPARE(reopened.value(QStringLiteral("patient/sampleNo")).toString(), QStringLiteral("样本号"));
+    QCOMPARE(reopened.value(QStringLiteral("patient/doctor")).toString(), QStringLiteral("送检医生"));
+    QCOMPARE(reopened.value(QStringLiteral("reagent/lot")).toString(), QStringLiteral("批号"));
+    QCOMPARE(reopened.value(QStringLiteral("reagent/expiry")).toString(), QStringLiteral("有效期"));
+    // Every named column exists, so a designer offers only real fields.
+    for (const auto& entry : ColumnDisplayNames::entries()) {
+        const QString table = entry.first.section(QLatin1Char('/'), 0, 0);
+        const QString column = entry.first.section(QLatin1Char('/'), 1);
+        if (column.isEmpty())
+            continue;
+        const QSqlDatabase db =
+            table == QLatin1String("patient") ? reopened.dataDatabase() : reopened.qcDatabase();
+        QVERIFY2(db.record(table).contains(column), qPrintable(entry.first));
+        QCOMPARE(reopened.value(entry.first).toString(), entry.second);
+    }
+    QVERIFY(!reopened.value(QStringLiteral("patient/id")).isValid());
+}
+
+void TestLabData::options()
+{
+    Profile profile;
+    LabDatabaseGenerator generator(&profile, 9);
+    QCOMPARE(generator.patientCount(), 200);
+    QCOMPARE(generator.qcPointCount(), 90);
+    QCOMPARE(generator.lastDay(), QDate(2024, 6, 28));
+    generator.setPatientCount(-5);
+    generator.setQcPointCount(7);
+    generator.setLastDay(QDate(2023, 1, 2));
+    generator.setLastDay(QDate()); // ignored
+    QCOMPARE(generator.patientCount(), 0);
+    QVERIFY(generator.generate());
+    QCOMPARE(scalar(profile.dataDatabase(), QStringLiteral("select count(*) from patient")).toInt(), 0);
+    QCOMPARE(scalar(profile.qcDatabase(), QStringLiteral("select count(*) from qcResult")).toInt(), 14 * 7);
+    QCOMPARE(
+        scalar(profile.qcDatabase(), QStringLiteral("select max(time) from qcResult")).toString().left(10),
+        QStringLiteral("2023-01-02"));
+    QCOMPARE(
+        scalar(profile.qcDatabase(), QStringLiteral("select min(date) from maintenanceRecord")).toString(),
+        QStringLiteral("2022-11-01"));
+}
+
+void TestLabData::failures()
+{
+    QVERIFY(!LabDatabaseGenerator(nullptr).generate());
+
+    Profile closed;
+    closed.dataDatabase().close();
+    LabDatabaseGenerator noData(&closed);
+    QVERIFY(!noData.generate());
+    QCOMPARE(noData.errorString(), QStringLiteral("The data database is not open"));
+
+    // A failing statement rolls the database back to what it held before.
+    Profile profile;
+    QVERIFY(generate(&profile, 4, 30, 5));
+    QSqlQuery query(profile.dataDatabase());
+    QVERIFY(query.exec(QStringLiteral("drop index patient_sampleNo")));
+    QVERIFY(query.exec(QStringLiteral("create table patient_sampleNo (x)")));
+    const QString before = dump(profile.dataDatabase());
+    LabDatabaseGenerator blocked(&profile, 5);
+    QVERIFY(!blocked.generate());
+    QVERIFY2(
+        blocked.errorString().startsWith(QLatin1String("The data database: CREATE INDEX patient_sampleNo")),
+        qPrintable(blocked.errorString()));
+    QCOMPARE(dump(profile.dataDatabase()), before);
+}
+
+QTEST_GUILESS_MAIN(TestLabData)
+#include "tst_labdata.moc"

@@ -1,0 +1,264 @@
+#include <commands.h>
+#include <core/profile.h>
+#include <drawingitems.h>
+#include <report.h>
+
+#include <QPrinter>
+#include <QTest>
+#include <QUndoStack>
+
+using namespace coagulation;
+
+class tst_Report : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void sceneRect_data();
+    void sceneRect();
+    void customPageSize();
+    void snapGrid_data();
+    void snapGrid();
+    void snapAngle_data();
+    void snapAngle();
+    void typeName();
+    void setupPrinter();
+    void moveIsSnappedAndRecordedOnce();
+    void replayRecordsNothing();
+    void designModeOffRecordsNothing();
+    void reportItemsSkipsForeignItems();
+};
+
+void tst_Report::sceneRect_data()
+{
+    QTest::addColumn<int>("pageSize");
+    QTest::addColumn<int>("orientation");
+    QTest::addColumn<QSizeF>("pageMM");
+    QTest::addColumn<QSizeF>("sceneSize");
+    QTest::newRow("A4 portrait") << int(QPageSize::A4) << int(QPageLayout::Portrait) << QSizeF(210, 297)
+                                 << QSizeF(210 * 96 / 25.4, 297 * 96 / 25.4);
+    QTest::newRow("A4 landscape") << int(QPageSize::A4) << int(QPageLayout::Landscape) << QSizeF(210, 297)
+                                  << QSizeF(297 * 96 / 25.4, 210 * 96 / 25.4);
+    QTest::newRow("A5 portrait") << int(QPageSize::A5) << int(QPageLayout::Portrait) << QSizeF(148, 210)
+                                 << QSizeF(148 * 96 / 25.4, 210 * 96 / 25.4);
+    QTest::newRow("B5 landscape") << int(QPageSize::B5) << int(QPageLayout::Landscape) << QSizeF(176, 250)
+                                  << QSizeF(250 * 96 / 25.4, 176 * 96 / 25.4);
+}
+
+void tst_Report::sceneRect()
+{
+    QFETCH(int, pageSize);
+    QFETCH(int, orientation);
+    QFETCH(QSizeF, pageMM);
+    QFETCH(QSizeF, sceneSize);
+    Report report(nullptr, nullptr);
+    report.setPageSize(QPageSize::PageSizeId(pageSize));
+    report.setOrientation(QPageLayout::Orientation(orientation));
+    QCOMPARE(report.pageSizeF(), pageMM);
+    QCOMPARE(report.sceneRect().topLeft(), QPointF(0, 0));
+    QCOMPARE(report.sceneRect().size(), sceneSize);
+}
+
+void tst_Report::customPageSize()
+{
+    Report report(nullptr, nullptr);
+    QCOMPARE(report.sceneRect(), QRectF(0, 0, 210 * 96 / 25.4, 297 * 96 / 25.4));
+    QVERIFY(qAbs(report.sceneRect().width() - 793.70) < 0.01);
+    QVERIFY(qAbs(report.sceneRect().height() - 1122.52) < 0.01);
+
+    report.setPageSizeF(QSizeF(100, 50));
+    QCOMPARE(report.pageSize(), QPageSize::Custom);
+    report.setOrientation(QPageLayout::Landscape);
+    QCOMPARE(report.pageSizeF(), QSizeF(100, 50));
+    QCOMPARE(report.sceneRect().size(), QSizeF(50 * 96 / 25.4, 100 * 96 / 25.4));
+    report.setPageSize(QPageSize::A5);
+    QCOMPARE(report.pageSizeF(), QSizeF(148, 210));
+    QCOMPARE(report.pageSize(), QPageSize::A5);
+}
+
+void tst_Report::snapGrid_data()
+{
+    QTest::addColumn<QSizeF>("grid");
+    QTest::addColumn<QPointF>("point");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QPointF>("expected");
+    QTest::newRow("down and away") << QSizeF(10, 10) << QPointF(14.9, -15.0) << 0 << QPointF(10, -20);
+    QTest::newRow("half up") << QSizeF(10, 10) << QPointF(15.0, 4.9) << 0 << QPointF(20, 0);
+    QTest::newRow("alt") << QSizeF(10, 10) << QPointF(14.9, -15.0) << int(Qt::AltModifier)
+                         << QPointF(14.9, -15.0);
+    QTest::newRow("shift snaps") << QSizeF(10, 10) << QPointF(3, 7) << int(Qt::ShiftModifier)
+                                 << QPointF(0, 10);
+    QTest::newRow("uneven grid") << QSizeF(4, 25) << QPointF(-6, 37.5) << 0 << QPointF(-8, 50);
+}
+
+void tst_Report::snapGrid()
+{
+    QFETCH(QSizeF, grid);
+    QFETCH(QPointF, point);
+    QFETCH(int, modifiers);
+    QFETCH(QPointF, expected);
+    Report report(nullptr, nullptr);
+    report.setGridSize(grid);
+    report.snapGrid(point, Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(point, expected);
+}
+
+void tst_Report::snapAngle_data()
+{
+    QTest::addColumn<double>("angle");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<double>("expected");
+    QTest::newRow("30 to 45") << 30.0 << int(Qt::ShiftModifier) << 45.0;
+    QTest::newRow("22.4 to 0") << 22.4 << int(Qt::ShiftModifier) << 0.0;
+    QTest::newRow("67.6 to 90") << 67.6 << int(Qt::ShiftModifier) << 90.0;
+    QTest::newRow("200 to 180") << 200.0 << int(Qt::ShiftModifier) << 180.0;
+    QTest::newRow("340 to 0") << 340.0 << int(Qt::ShiftModifier) << 0.0;
+    QTest::newRow("no shift") << 30.0 << 0 << 30.0;
+    QTest::newRow("alt only") << 30.0 << int(Qt::AltModifier) << 30.0;
+}
+
+void tst_Report::snapAngle()
+{
+    QFETCH(double, angle);
+    QFETCH(int, modifiers);
+    QFETCH(double, expected);
+    Report report(nullptr, nullptr);
+    const QPointF anchor(100, 100);
+    QLineF line(anchor, anchor + QPointF(50, 0));
+    line.setAngle(angle);
+    QPointF point = line.p2();
+    report.snapAngle(point, anchor, Qt::KeyboardModifiers(modifiers));
+    const QLineF result(anchor, point);
+    QVERIFY2(qAbs(result.length() - 50) < 1e-9, qPrintable(QString::number(result.length())));
+    QVERIFY2(qAbs(std::remainder(result.angle() - expected, 360.0)) < 1e-9,
+             qPrintable(QString::number(result.angle())));
+}
+
+void tst_Report::typeName()
+{
+    QCOMPARE(Report::typeName(kv::PatientReport), QStringLiteral("样本报告单"));
+    QCOMPARE(Report::typeName(kv::QcReport), QStringLiteral("质控报告单"));
+    QCOMPARE(Report::typeName(kv::MaintenanceRecordReport), QStringLiteral("维护记录报告单"));
+    QCOMPARE(Report::typeName(kv::NoReport), QString());
+    QCOMPARE(Report::typeName(kv::ReportType(7)), QString());
+}
+
+void tst_Report::setupPrinter()
+{
+    Report report(nullptr, nullptr);
+    report.setPageSizeF(QSizeF(100, 50));
+    report.setOrientation(QPageLayout::Landscape);
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setResolution(300);
+    report.setupPrinter(&printer);
+    QCOMPARE(printer.pageLayout().pageSize().size(QPageSize::Millimeter), QSizeF(100, 50));
+    QCOMPARE(printer.pageLayout().orientation(), QPageLayout::Landscape);
+    QVERIFY(printer.fullPage());
+    QCOMPARE(printer.resolution(), 300); // left alone
+}
+
+void tst_Report::moveIsSnappedAndRecordedOnce()
+{
+    Report report(nullptr, nullptr);
+    report.setDesignMode(true);
+    auto* rect = new ReportRectItem;
+    rect->setRect(0, 0, 40, 20);
+    report.addItem(rect);
+    rect->setPos(3, 4); // not selected: neither snapped nor recorded
+    QCOMPARE(rect->pos(), QPointF(3, 4));
+    QCOMPARE(report.undoStack()->count(), 0);
+
+    rect->setSelected(true);
+    for (int i = 1; i <= 5; ++i)
+        rect->setPos(QPointF(3 + 7 * i, 4 + 6 * i));
+    // Snapped to the grid even with Alt-free snapping: the last move was to (38, 34).
+    QCOMPARE(rect->pos(), QPointF(40, 30));
+    QCOMPARE(report.undoStack()->count(), 1);
+    report.undo();
+    QCOMPARE(rect->pos(), QPointF(3, 4));
+    report.redo();
+    QCOMPARE(rect->pos(), QPointF(40, 30));
+    QCOMPARE(report.undoStack()->count(), 1);
+}
+
+void tst_Report::replayRecordsNothing()
+{
+    Report report(nullptr, nullptr);
+    report.setDesignMode(true);
+    auto* line = new ReportLineItem;
+    report.addItem(line);
+    line->setSelected(true);
+    line->setPos(21, 19);
+    QCOMPARE(line->pos(), QPointF(20, 20));
+    QCOMPARE(report.undoStack()->count(), 1);
+    QCOMPARE(report.undoStack()->index(), 1);
+
+    // An undo that moves the item to an off-grid position: no snap, no new command.
+    report.undoStack()->clear();
+    line->setSelected(false);
+    line->setPos(3, 3);
+    line->setSelected(true);
+    report.undoStack()->push(new PositionCommand({line}));
+    line->setSelected(false);
+    line->setPos(50, 50);
+    line->setSelected(true);
+    report.undo();
+    QCOMPARE(line->pos(), QPointF(3, 3));
+    QCOMPARE(report.undoStack()->count(), 1);
+    QCOMPARE(report.undoStack()->index(), 0);
+
+    // Commands made as a side effect of a replay are dropped.
+    struct Probe : QUndoCommand
+    {
+        Report* report;
+        explicit Probe(Report* r) : report(r) {}
+        void undo() override
+        {
+            report->addUndoCommand(new SetupPageCommand(report, QPageSize::A3, QPageLayout::Portrait, {}));
+        }
+    };
+    report.undoStack()->clear();
+    report.addUndoCommand(new Probe(&report));
+    QCOMPARE(report.undoStack()->index(), 1);
+    report.undo();
+    QCOMPARE(report.undoStack()->index(), 0);
+    QCOMPARE(report.undoStack()->count(), 1);
+    QCOMPARE(report.pageSize(), QPageSize::A4);
+    report.addUndoCommand(new SetupPageCommand(&report, QPageSize::A3, QPageLayout::Portrait, {}));
+    QCOMPARE(report.pageSize(), QPageSize::A3);
+}
+
+void tst_Report::designModeOffRecordsNothing()
+{
+    Report report(nullptr, nullptr);
+    auto* text = new ReportTextItem(true);
+    report.addItem(text);
+    text->setSelected(true);
+    text->setPos(13, 17);
+    QCOMPARE(text->pos(), QPointF(13, 17));
+    QCOMPARE(report.undoStack()->count(), 0);
+    QVERIFY(!report.tracker());
+}
+
+void tst_Report::reportItemsSkipsForeignItems()
+{
+    Report report(nullptr, nullptr);
+    auto* low = new ReportRectItem;
+    auto* high = new ReportLineItem;
+    high->setZValue(2);
+    report.addItem(low);
+    report.addItem(high);
+    auto* foreign = report.addRect(0, 0, 5, 5);
+    foreign->setData(1, 42); // an int is not an item address
+    auto* child = new QGraphicsRectItem(low);
+    Q_UNUSED(child);
+    const QList<ReportItem*> items = report.reportItems();
+    QCOMPARE(items.size(), 2);
+    QCOMPARE(items.at(0), static_cast<ReportItem*>(high));
+    QCOMPARE(items.at(1), static_cast<ReportItem*>(low));
+    QVERIFY(!ReportItem::fromGraphicsItem(foreign));
+    QVERIFY(!ReportItem::fromGraphicsItem(nullptr));
+}
+
+QTEST_MAIN(tst_Report)
+#include "tst_report.moc"
