@@ -10,7 +10,7 @@ using namespace coagulation;
 
 namespace {
 
-// A 3 x 2 table with a fourth stored row and a third spec outside the counts.
+// A 3 x 2 table with a fourth stored row and a third column setting outside the counts.
 void fill(GraphicsTableItem& table)
 {
     table.setSpacing(6.0);
@@ -179,7 +179,7 @@ void TestGridTable::payloadBytes()
     e << qint32(2) << QString() << QStringLiteral("12.3 ");
     e << qint32(0);
     e << qint32(1) << QStringLiteral("hidden");
-    e << qint32(3); // every stored spec
+    e << qint32(3); // every stored column setting
     e << 80.0 << qint32(0) << 100.0 << qint32(Qt::AlignRight) << 55.5 << qint32(0);
     e << table.font();
     QCOMPARE(saved.toHex(), expected.toHex());
