@@ -18,16 +18,16 @@ constexpr qint32 maxLoadedCount = 65536;
 
 } // namespace
 
-QDataStream& operator<<(QDataStream& out, const ColumnSpec& spec)
+QDataStream& operator<<(QDataStream& out, const ColumnSpec& column)
 {
-    return out << spec.width << qint32(spec.flags);
+    return out << column.width << qint32(column.flags);
 }
 
-QDataStream& operator>>(QDataStream& in, ColumnSpec& spec)
+QDataStream& operator>>(QDataStream& in, ColumnSpec& column)
 {
     qint32 flags = 0;
-    in >> spec.width >> flags;
-    spec.flags = flags;
+    in >> column.width >> flags;
+    column.flags = flags;
     return in;
 }
 
@@ -103,9 +103,9 @@ void GraphicsTableItem::setColumnWidth(int column, double width)
 {
     if (column < 0)
         return;
-    ColumnSpec& spec = columnSpec(column);
+    ColumnSpec& target = columnSpec(column);
     prepareGeometryChange();
-    spec.width = width;
+    target.width = width;
 }
 
 ColumnSpec& GraphicsTableItem::columnSpec(int column)

@@ -20,8 +20,8 @@ struct ColumnSpec
     int flags = 0;
 };
 
-REPORT_EXPORT QDataStream& operator<<(QDataStream& out, const ColumnSpec& spec);
-REPORT_EXPORT QDataStream& operator>>(QDataStream& in, ColumnSpec& spec);
+REPORT_EXPORT QDataStream& operator<<(QDataStream& out, const ColumnSpec& column);
+REPORT_EXPORT QDataStream& operator>>(QDataStream& in, ColumnSpec& column);
 
 // A plain grid of single-line text cells. The row and column counts are stored numbers:
 // writing beyond them raises them, but cells and specs outside them are kept (and saved)
