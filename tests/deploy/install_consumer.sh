@@ -2,12 +2,13 @@
 # Installs the build into a fresh prefix and uses it from there only: a consumer project outside the
 # source tree finds the CMake package, links the report library and loads the plug-in; the installed
 # print tool finds its libraries, the plug-in and the templates from the prefix.
-# Usage: install_consumer.sh BUILD_DIR SOURCE_DIR GENERATOR [CXX_FLAGS]
+# Usage: install_consumer.sh BUILD_DIR SOURCE_DIR GENERATOR [CXX_FLAGS] [PRINT_TOOL_NAME]
 set -euo pipefail
 build=$(realpath "$1")
 source=$(realpath "$2")
 generator=$3
 cxxflags=${4:-}
+tool_name=${5:-}
 
 work=$(mktemp -d "${TMPDIR:-/tmp}/coagulation-install.XXXXXX")
 trap 'rm -rf "$work"' EXIT
@@ -48,7 +49,8 @@ cmake --build "$work/consumer" >/dev/null
 env -u LD_LIBRARY_PATH "$work/consumer/consumer"
 
 # The installed print tool, run from the prefix with nothing of the build tree around.
-tool=$prefix/bin/coagulation-print
+[ -n "$tool_name" ] || exit 0
+tool=$prefix/bin/$tool_name
 env -u LD_LIBRARY_PATH -u COAGULATION_PLUGIN_PATH "$tool" demo "$work/lab" --patients 3 >/dev/null
 env -u LD_LIBRARY_PATH -u COAGULATION_PLUGIN_PATH "$tool" patients 1 2 3 -p "$work/lab/profile.ini" \
     -o "$work/patients.pdf"
