@@ -1,5 +1,5 @@
 # Entry points for a fresh Debian 12 machine (run as root): each target installs what is missing first.
-.PHONY: all deps build demo test test-sanitize bench clean
+.PHONY: all deps build demo test test-sanitize bench package clean
 
 all: build
 
@@ -20,6 +20,13 @@ test-sanitize: deps
 	cmake --preset sanitize
 	cmake --build --preset sanitize
 	ctest --preset sanitize
+
+# The Debian package of everything installed (apt-get install ./build/package/coagulation-report_*.deb).
+package: deps
+	cmake --preset package
+	cmake --build --preset package
+	cpack --preset package
+	@ls -1 $(CURDIR)/build/package/*.deb
 
 clean:
 	rm -rf build out

@@ -5,9 +5,9 @@ set(CPACK_PACKAGE_NAME coagulation-report)
 set(CPACK_PACKAGE_VENDOR "Coagulation analyser team")
 set(CPACK_PACKAGE_CONTACT "Coagulation analyser team <report@coagulation.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Report module of the coagulation analyser: plug-in, print tool, designer")
-set(CPACK_PACKAGE_DESCRIPTION
-    "Prints patient result, QC and maintenance reports from report templates. Holds the report\n"
-    "plug-in and library, the host library stand-ins, the print tool, the default templates, and the\n"
+string(CONCAT CPACK_PACKAGE_DESCRIPTION
+    "Prints patient result, QC and maintenance reports from report templates. Holds the report "
+    "plug-in and library, the host library stand-ins, the print tool, the default templates, and the "
     "headers and CMake package for programs that link the report library.")
 set(CPACK_PACKAGE_INSTALL_DIRECTORY coagulation)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
