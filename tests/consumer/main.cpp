@@ -50,7 +50,8 @@ int main(int argc, char* argv[])
     const QString interfaceId = QStringLiteral(DataStorageFactoryInterface_iid);
     const QString pluginFile = findPlugin(QStringLiteral(PLUGIN_DIR), interfaceId);
     if (pluginFile.isEmpty())
-        return fail(QStringLiteral("no plug-in with interface %1 in %2").arg(interfaceId, QStringLiteral(PLUGIN_DIR)));
+        return fail(QStringLiteral("no plug-in with interface %1 in %2")
+                        .arg(interfaceId, QStringLiteral(PLUGIN_DIR)));
     QPluginLoader loader(pluginFile);
     QObject* instance = loader.instance();
     if (!instance)
@@ -97,7 +98,7 @@ int main(int argc, char* argv[])
     const QString templateFile = folder.filePath(QStringLiteral("consumer.rpt"));
     if (!report.save(templateFile))
         return fail(QStringLiteral("saving the template failed: %1").arg(report.errorString()));
-    std::printf("report: %d item, %d inked pixels, template of %lld bytes\n", int(report.reportItems().size()),
-                inked, QFileInfo(templateFile).size());
+    std::printf("report: %d item, %d inked pixels, template of %lld bytes\n",
+                int(report.reportItems().size()), inked, QFileInfo(templateFile).size());
     return 0;
 }
