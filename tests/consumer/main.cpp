@@ -2,6 +2,7 @@
 // library; prints what it did and exits with 0 only when everything worked.
 #include <core/profile.h>
 #include <drawingitems.h>
+#include <itemfactory.h>
 #include <kvcore/datastorage.h>
 #include <kvcore/datastoragefactoryinterface.h>
 #include <report.h>
@@ -68,12 +69,19 @@ int main(int argc, char* argv[])
     std::printf("plug-in %s: %s\n", qPrintable(pluginFile), instance->metaObject()->className());
 
     Profile profile;
-    Report report(&profile, nullptr);
-    auto* text = new ReportTextItem(false);
+    ItemFactory items(&profile);
+    Report report(&profile, &items);
+    report.setType(kv::PatientReport);
+    const QString key = QStringLiteral("Text");
+    auto* text = dynamic_cast<ReportTextItem*>(items.create(key));
+    if (!text)
+        return fail(QStringLiteral("the item factory made no text item for the key \"Text\""));
+    text->setKey(key);
     QFont font(QStringLiteral("Noto Sans CJK SC"));
     font.setPixelSize(24);
     text->setFont(font);
-    text->setPlainText(QStringLiteral("凝血分析报告"));
+    const QString words = QStringLiteral("凝血分析报告");
+    text->setPlainText(words);
     text->setPos(40, 40);
     report.addItem(text);
     if (report.reportItems().size() != 1)
@@ -98,7 +106,14 @@ int main(int argc, char* argv[])
     const QString templateFile = folder.filePath(QStringLiteral("consumer.rpt"));
     if (!report.save(templateFile))
         return fail(QStringLiteral("saving the template failed: %1").arg(report.errorString()));
-    std::printf("report: %d item, %d inked pixels, template of %lld bytes\n",
-                int(report.reportItems().size()), inked, QFileInfo(templateFile).size());
+    Report loaded(&profile, &items);
+    if (!loaded.load(templateFile))
+        return fail(QStringLiteral("loading the template failed: %1").arg(loaded.errorString()));
+    const QList<ReportItem*> loadedItems = loaded.reportItems();
+    auto* loadedText = loadedItems.size() == 1 ? dynamic_cast<ReportTextItem*>(loadedItems.first()) : nullptr;
+    if (!loadedText || loadedText->toPlainText() != words || loadedText->key() != key)
+        return fail(QStringLiteral("the template did not come back as the one text item"));
+    std::printf("report: one text item, %d inked pixels, template of %lld bytes loaded back\n", inked,
+                QFileInfo(templateFile).size());
     return 0;
 }
