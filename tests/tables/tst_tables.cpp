@@ -17,6 +17,9 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTest>
+#include <QUndoStack>
+
+#include "../common/viewdriver.h"
 
 #include <cmath>
 #include <memory>
@@ -150,6 +153,7 @@ private Q_SLOTS:
     void qcPaging();
     void qcPagesFromDatabase();
     void qcTableRendered();
+    void qcTableInDesigner();
 
     void payloadRoundTrips_data();
     void payloadRoundTrips();
@@ -901,6 +905,36 @@ void TestTables::qcTableRendered()
     // The value column is right-aligned: "12.2" at the right of the block's third column.
     QVERIFY(darkPixels(image, QRectF(10 + 260, 10, 32, 24)) > 0);
     QCOMPARE(darkPixels(image, QRectF(10 + 200, 10, 40, 24)), 0);
+}
+
+// Selected by a click on any block, widened by its tracker into more blocks as one undo step.
+void TestTables::qcTableInDesigner()
+{
+    Report report(nullptr, nullptr);
+    report.setDesignMode(true);
+    test::ViewDriver driver(&report);
+    auto* table = new ReportQcTableItem;
+    report.addItem(table);
+    table->setPos(100, 100);
+    table->setGeometry(QPolygonF({QPointF(0, 0), QPointF(620, 240)}));
+    QCOMPARE(table->columns(), 2);
+
+    driver.press(QPointF(100 + 320 + 50, 100 + 10));
+    driver.release(QPointF(100 + 320 + 50, 100 + 10));
+    QVERIFY(table->isSelected());
+    QVERIFY(dynamic_cast<TableTracker*>(report.tracker()));
+
+    // The right edge handle (id 3) pulled out by one block.
+    driver.drag(QPointF(720, 220), QPointF(1040 - 200, 220));
+    QCOMPARE(table->size().width(), 740.0);
+    QCOMPARE(table->columns(), 2);
+    driver.drag(QPointF(840, 220), QPointF(100 + 940, 220), Qt::AltModifier);
+    QCOMPARE(table->columns(), 3);
+    QCOMPARE(table->blocks().at(2)->scenePos(), QPointF(100 + 640, 100));
+    QCOMPARE(report.undoStack()->count(), 2);
+    report.undo();
+    QCOMPARE(table->columns(), 2);
+    QCOMPARE(table->size().width(), 740.0);
 }
 
 // --- Payloads ---------------------------------------------------------------------------------------
