@@ -134,8 +134,13 @@ void ReportMultiColTableItem::load(QDataStream& in)
 {
     qint8 version = 0;
     qint32 count = 0;
-    in >> version >> count >> m_minimumGap >> m_size;
+    double gap = 0.0;
+    QSizeF size;
+    in >> version >> count >> gap >> size;
     prepareGeometryChange();
+    if (std::isfinite(gap)) // a broken file must not place blocks at infinity
+        m_minimumGap = gap;
+    m_size = size;
     // Blocks are read one by one, so a broken count stops at the end of the stream instead of
     // making blocks that no grid fills.
     const int wanted = qBound(1, int(count), maxBlocks);

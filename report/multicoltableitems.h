@@ -48,7 +48,7 @@ protected:
 private:
     void appendBlock();
 
-    double m_minimumGap = 20.0;
+    double m_minimumGap = 20.0; // smallest horizontal distance between two blocks
     QSizeF m_size;
     QList<GraphicsTableItem*> m_blocks; // children of this item, never empty
 };
