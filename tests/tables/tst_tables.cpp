@@ -1,5 +1,7 @@
 #include <core/analysisresult.h>
 #include <core/profile.h>
+#include <creators.h>
+#include <itemfactory.h>
 #include <kvcore/assayitem.h>
 #include <kvcore/qcdatareader.h>
 #include <kvcore/qcexportdata.h>
@@ -154,6 +156,8 @@ private Q_SLOTS:
     void qcPagesFromDatabase();
     void qcTableRendered();
     void qcTableInDesigner();
+    void drawnWithCreators();
+    void templateFileRoundTrip();
 
     void payloadRoundTrips_data();
     void payloadRoundTrips();
@@ -935,6 +939,98 @@ void TestTables::qcTableInDesigner()
     report.undo();
     QCOMPARE(table->columns(), 2);
     QCOMPARE(table->size().width(), 740.0);
+}
+
+// The palette's table tools draw their tables as one undoable creation each.
+void TestTables::drawnWithCreators()
+{
+    ItemFactory factory(&m_profile);
+    Report report(&m_profile, &factory);
+    report.setDesignMode(true);
+    test::ViewDriver driver(&report);
+
+    ReportItemCreator* qc = factory.creator(QStringLiteral("QcTable"));
+    QVERIFY(qc);
+    qc->enter(&driver.view);
+    driver.drag(QPointF(50, 300), QPointF(690, 540));
+    qc->leave();
+    ReportItemCreator* patient = factory.creator(QStringLiteral("结果"));
+    QVERIFY(patient);
+    patient->enter(&driver.view);
+    driver.drag(QPointF(50, 40), QPointF(700, 100));
+    patient->leave();
+    QCOMPARE(report.undoStack()->count(), 2);
+
+    const QList<ReportItem*> items = report.reportItems();
+    QCOMPARE(items.size(), 2);
+    ReportQcTableItem* table = nullptr;
+    ReportPatientTableItem* results = nullptr;
+    for (ReportItem* item : items) {
+        table = table ? table : dynamic_cast<ReportQcTableItem*>(item);
+        results = results ? results : dynamic_cast<ReportPatientTableItem*>(item);
+    }
+    QVERIFY(table && results);
+    QCOMPARE(table->key(), QStringLiteral("QcTable"));
+    QCOMPARE(table->pos(), QPointF(50, 300));
+    QCOMPARE(table->size(), QSizeF(640, 240));
+    QCOMPARE(table->columns(), 2);
+    QCOMPARE(table->blocks().at(1)->pos(), QPointF(340, 0));
+    QCOMPARE(results->key(), QStringLiteral("Results"));
+    QCOMPARE(results->profile(), &m_profile);
+    QCOMPARE(results->size(), QSizeF(650, 60));
+
+    report.undo();
+    report.undo();
+    QCOMPARE(report.reportItems().size(), 0);
+}
+
+// Every table kind through the template file: keys, positions and payloads come back.
+void TestTables::templateFileRoundTrip()
+{
+    ItemFactory factory(&m_profile);
+    Report report(&m_profile, &factory);
+    report.setType(kv::QcReport);
+    const auto add = [&](const QString& key, const QPointF& pos) {
+        ReportItem* item = factory.create(key);
+        item->setKey(key);
+        item->setFont(testFont());
+        report.addItem(item->graphicsItem());
+        item->graphicsItem()->setPos(pos);
+        return item;
+    };
+    add(QStringLiteral("Results"), QPointF(20, 20));
+    add(QStringLiteral("QcControlInfo"), QPointF(20, 200));
+    add(QStringLiteral("QcControlInfoDetails"), QPointF(300, 200));
+    auto* qc = static_cast<ReportQcTableItem*>(add(QStringLiteral("QcTable"), QPointF(20, 450)));
+    qc->setGeometry(QPolygonF({QPointF(0, 0), QPointF(940, 300), QPointF(0, 20)}));
+    for (int b = 0; b < qc->columns(); ++b)
+        qc->blocks().at(b)->setItemText(0, 0, QStringLiteral("第%1栏").arg(b + 1));
+
+    QByteArray file;
+    {
+        QDataStream out(&file, QIODevice::WriteOnly);
+        QVERIFY2(report.save(out), qPrintable(report.errorString()));
+    }
+    Report loaded(&m_profile, &factory);
+    QDataStream in(file);
+    QVERIFY2(loaded.load(in), qPrintable(loaded.errorString()));
+    QVERIFY(in.atEnd());
+
+    QMap<QString, ReportItem*> byKey;
+    for (ReportItem* item : loaded.reportItems())
+        byKey.insert(item->key(), item);
+    QCOMPARE(byKey.keys(), (QStringList{"QcControlInfo", "QcControlInfoDetails", "QcTable", "Results"}));
+    for (ReportItem* original : report.reportItems()) {
+        ReportItem* copy = byKey.value(original->key());
+        QCOMPARE(copy->graphicsItem()->pos(), original->graphicsItem()->pos());
+        QCOMPARE(copy->geometry(), original->geometry());
+        QCOMPARE(payload(copy), payload(original));
+    }
+    auto* loadedQc = dynamic_cast<ReportQcTableItem*>(byKey.value("QcTable"));
+    QVERIFY(loadedQc);
+    QCOMPARE(loadedQc->columns(), 3);
+    QCOMPARE(loadedQc->blocks().at(2)->itemText(0, 0), QStringLiteral("第3栏"));
+    QCOMPARE(dynamic_cast<ReportPatientTableItem*>(byKey.value("Results"))->profile(), &m_profile);
 }
 
 // --- Payloads ---------------------------------------------------------------------------------------
