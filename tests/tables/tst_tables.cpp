@@ -122,6 +122,19 @@ ReportQcTableItem* qcTable(Report& report, int rows, int blocks)
     return table;
 }
 
+// Both QC information tables on a QC report bound to data, filled for page 1.
+std::pair<ReportQcInfoTableItem*, ReportQcInfoDetailsTableItem*> printedInfoTables(Report& report,
+                                                                                   const QcExportData* data)
+{
+    auto* info = new ReportQcInfoTableItem;
+    auto* details = new ReportQcInfoDetailsTableItem;
+    report.addItem(info);
+    report.addItem(details);
+    report.prepareQcData(data);
+    report.fetchQcData(data);
+    return {info, details};
+}
+
 } // namespace
 
 class TestTables : public QObject
@@ -523,12 +536,7 @@ void TestTables::qcInfoTables()
     data.count = 8; // values 10.1 to 10.8
 
     Report report(&m_profile, nullptr);
-    auto* infoTable = new ReportQcInfoTableItem;
-    auto* detailsTable = new ReportQcInfoDetailsTableItem;
-    report.addItem(infoTable);
-    report.addItem(detailsTable);
-    report.prepareQcData(&data);
-    report.fetchQcData(nullptr);
+    const auto [infoTable, detailsTable] = printedInfoTables(report, &data);
 
     const auto rows = [](const GraphicsTableItem& table) {
         QStringList list;
@@ -609,12 +617,7 @@ void TestTables::detailsZeroMean()
     data.count = 3;
 
     Report report(&m_profile, nullptr);
-    auto* info = new ReportQcInfoTableItem;
-    auto* details = new ReportQcInfoDetailsTableItem;
-    report.addItem(info);
-    report.addItem(details);
-    report.prepareQcData(&data);
-    report.fetchQcData(&data);
+    const auto [info, details] = printedInfoTables(report, &data);
     QCOMPARE(info->rowCount(), 3);
     QCOMPARE(info->itemText(0, 1), QStringLiteral("0"));
     QVERIFY(info->itemText(2, 1).endsWith(QLatin1Char('%')));
