@@ -1,0 +1,43 @@
+#include "dialogdriver.h"
+
+#include "information.h"
+
+#include <QDialog>
+
+namespace coagulation {
+
+namespace {
+DialogDriver::Handler& handler()
+{
+    static DialogDriver::Handler current;
+    return current;
+}
+} // namespace
+
+void DialogDriver::setHandler(const Handler& newHandler)
+{
+    handler() = newHandler;
+}
+
+void DialogDriver::clear()
+{
+    handler() = Handler();
+}
+
+bool DialogDriver::hasHandler()
+{
+    return bool(handler());
+}
+
+int execDialog(QDialog* dialog)
+{
+    if (!dialog)
+        return QDialog::Rejected;
+    if (handler())
+        return handler()(dialog);
+    if (InformationLog::isInteractive())
+        return dialog->exec();
+    return QDialog::Rejected;
+}
+
+} // namespace coagulation
