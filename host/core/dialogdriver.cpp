@@ -33,8 +33,14 @@ int execDialog(QDialog* dialog)
 {
     if (!dialog)
         return QDialog::Rejected;
-    if (handler())
-        return handler()(dialog);
+    if (handler()) {
+        // Shown as to a user, so the dialog fills its fields from what it edits (a print dialog
+        // its printer) and a preview renders.
+        dialog->show();
+        const int result = handler()(dialog);
+        dialog->hide();
+        return result;
+    }
     if (InformationLog::isInteractive())
         return dialog->exec();
     return QDialog::Rejected;
