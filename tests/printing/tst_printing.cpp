@@ -785,6 +785,10 @@ void tst_Printing::noPrinter()
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(".*")));
     QVERIFY(!m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreAtOnce));
     QCOMPARE(InformationLog::last().text, QStringLiteral("没有可用的打印机."));
+    // With no one to answer, a print dialog or a preview counts as cancelled instead of blocking.
+    QVERIFY(m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreWithDialog));
+    QVERIFY(m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StorePreview));
+    QCOMPARE(InformationLog::count(), 1);
     for (qint64 id : ids)
         QVERIFY(printTime(id).isEmpty());
 }
