@@ -2,10 +2,9 @@
 
 #include "kvcore_global.h"
 
+#include <QPointer>
 #include <QString>
 #include <QStringList>
-
-class QObject;
 
 namespace coagulation {
 
@@ -33,13 +32,13 @@ public:
     // with errorString() set, when no library matches or it cannot be loaded.
     DataStorageFactoryInterface* dataStorageFactory();
     // The plug-in's root object, null when not loaded.
-    QObject* instance() const { return m_instance; }
+    QObject* instance() const { return m_instance.data(); }
     QString fileName() const { return m_fileName; }
     QString errorString() const { return m_errorString; }
 
 private:
     QStringList m_folders;
-    QObject* m_instance = nullptr;
+    QPointer<QObject> m_instance; // the loader makes a new one if it was deleted
     QString m_fileName;
     QString m_errorString;
 };
