@@ -18,6 +18,9 @@ QStringList PluginLocator::defaultFolders()
         folders.append(folder);
     if (QCoreApplication::instance()) {
         const QDir executable(QCoreApplication::applicationDirPath());
+        // The plug-in folder of the install layout, mirrored by the build tree.
+        folders.append(
+            QDir::cleanPath(executable.absoluteFilePath(QStringLiteral(COAGULATION_PLUGIN_FOLDER))));
         folders.append(QDir::cleanPath(executable.absoluteFilePath(QStringLiteral("../lib"))));
         folders.append(executable.absolutePath());
     }

@@ -16,8 +16,8 @@ class DataStorageFactoryInterface;
 class KVCORE_EXPORT PluginLocator
 {
 public:
-    // The folders of $COAGULATION_PLUGIN_PATH (separated like PATH), then the executable's ../lib
-    // and its own folder.
+    // The folders of $COAGULATION_PLUGIN_PATH (separated like PATH), then the executable's
+    // ../lib/coagulation/plugins, ../lib and its own folder.
     static QStringList defaultFolders();
 
     explicit PluginLocator(const QStringList& folders = defaultFolders());

@@ -5,6 +5,7 @@
 #include <itemfactory.h>
 #include <kvcore/datastorage.h>
 #include <kvcore/datastoragefactoryinterface.h>
+#include <kvcore/pluginlocator.h>
 #include <report.h>
 #include <reportfactory.h>
 #include <reportprinter.h>
@@ -66,6 +67,11 @@ int main(int argc, char* argv[])
     std::unique_ptr<DataStorage> storage(factory->create());
     if (!qobject_cast<ReportPrinter*>(storage.get()))
         return fail(QStringLiteral("the factory made no ReportPrinter"));
+    // The host's locator finds the same plug-in object there.
+    PluginLocator locator({QStringLiteral(PLUGIN_DIR)});
+    if (locator.dataStorageFactory() != factory)
+        return fail(
+            QStringLiteral("the plug-in locator found no or another plug-in: %1").arg(locator.errorString()));
     std::printf("plug-in %s: %s\n", qPrintable(pluginFile), instance->metaObject()->className());
 
     Profile profile;
