@@ -120,6 +120,7 @@ private Q_SLOTS:
     void unwritableFile();
     void loadAddsToScene();
     void everyTruncation();
+    void damagedFrames();
 
 private:
     QTemporaryDir dir;
@@ -438,6 +439,50 @@ void tst_TemplateFile::everyTruncation()
         else
             QVERIFY2(failures.contains(loaded.errorString()),
                      QByteArray(where + ": " + loaded.errorString().toUtf8()));
+    }
+}
+
+// A damaged header or item frame (count, key, position, transform) loads to a failure with a
+// message, or to a page with what could be read.
+void tst_TemplateFile::damagedFrames()
+{
+    Report report(&profile, factory.get());
+    report.setType(kv::PatientReport);
+    fill(report, &profile);
+    const QByteArray bytes = saved(report);
+    QList<int> framing; // offsets of the bytes that belong to the header and the item frames
+    for (int i = 0; i < 41; ++i)
+        framing.append(i);
+    int offset = 41;
+    for (ReportItem* item : report.reportItems()) {
+        const int record = framed(report, item).size();
+        // A key length that no longer fits shifts every later field; what the payload readers
+        // then meet is theirs to survive, so the key lengths stay as they are.
+        for (int i = 4; i < record - payload(item).size(); ++i)
+            framing.append(offset + i);
+        offset += record;
+    }
+    QCOMPARE(offset, bytes.size());
+
+    QRandomGenerator random(20261123);
+    for (int round = 0; round < 2000; ++round) {
+        QByteArray damaged = bytes;
+        const int changes = 1 + random.bounded(3);
+        for (int i = 0; i < changes; ++i) {
+            const int at = framing.at(random.bounded(framing.size()));
+            if (random.bounded(2))
+                damaged[at] = char(damaged.at(at) ^ (1 << random.bounded(8)));
+            else
+                damaged[at] = char(random.bounded(256));
+        }
+        QBuffer buffer(&damaged);
+        buffer.open(QIODevice::ReadOnly);
+        QDataStream in(&buffer);
+        Report loaded(&profile, factory.get());
+        const QByteArray where = "round " + QByteArray::number(round);
+        if (!loaded.load(in))
+            QVERIFY2(!loaded.errorString().isEmpty(), where);
+        QVERIFY2(loaded.reportItems().size() <= 10, where);
     }
 }
 
