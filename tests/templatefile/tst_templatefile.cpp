@@ -106,6 +106,7 @@ class tst_TemplateFile : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void init();
+    void cleanupTestCase();
     void emptyReport();
     void typeTags_data();
     void typeTags();
@@ -134,6 +135,21 @@ void tst_TemplateFile::init()
     factory = std::make_unique<ItemFactory>(&profile);
     profile.setValue("hospital", QStringLiteral("第一人民医院"));
     profile.setValue("patient/name", QStringLiteral("姓名"));
+}
+
+// COAGULATION_TEMPLATE_CORPUS names a folder that receives the templates written here, as seeds
+// for the template fuzzer.
+void tst_TemplateFile::cleanupTestCase()
+{
+    const QString corpus = qEnvironmentVariable("COAGULATION_TEMPLATE_CORPUS");
+    if (corpus.isEmpty())
+        return;
+    QDir().mkpath(corpus);
+    const QStringList names = QDir(dir.path()).entryList({"*.rpt"}, QDir::Files);
+    for (const QString& name : names) {
+        QFile::remove(QDir(corpus).filePath(name));
+        QVERIFY(QFile::copy(dir.filePath(name), QDir(corpus).filePath(name)));
+    }
 }
 
 void tst_TemplateFile::emptyReport()
