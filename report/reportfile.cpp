@@ -54,11 +54,6 @@ bool isOrientation(qint32 orientation)
     return orientation == QPageLayout::Portrait || orientation == QPageLayout::Landscape;
 }
 
-QString unknownTypeMessage()
-{
-    return Report::tr("未知的报表类型");
-}
-
 } // namespace
 
 kv::ReportType Report::fileType(const QString& fileName)
@@ -75,12 +70,9 @@ kv::ReportType Report::fileType(const QString& fileName)
 
 bool Report::save(const QString& fileName)
 {
-    // A report that cannot be written leaves an existing file as it was.
-    if (!isKnownType(m_type)) {
-        m_errorString = unknownTypeMessage();
-        return false;
-    }
+    // Written aside and put in place whole: a failed save leaves an existing template as it was.
     QSaveFile file(fileName);
+    file.setDirectWriteFallback(true); // a folder we may not create files in
     if (!file.open(QIODevice::WriteOnly)) {
         information(file.errorString(), QMessageBox::Ok, QMessageBox::Ok);
         return false;
@@ -100,7 +92,7 @@ bool Report::save(const QString& fileName)
 bool Report::save(QDataStream& out)
 {
     if (!isKnownType(m_type)) {
-        m_errorString = unknownTypeMessage();
+        m_errorString = tr("未知的报表类型");
         return false;
     }
     out.setVersion(streamVersion);
