@@ -66,8 +66,8 @@ Item* place(Report& report, Item* item, const QString& key, const QPointF& pos,
 }
 
 // A patient report with one item of every kind that exists, each with its own key, place and
-// transform, and non-default contents.
-void fill(Report& report, Profile* profile)
+// transform, and non-default contents. Returns the number of items.
+int fill(Report& report, Profile* profile)
 {
     auto* text = place(report, new ReportTextItem(true), "Text", {20, 30}, QTransform().rotate(90));
     text->setPlainText(QStringLiteral("凝血报告单"));
@@ -97,6 +97,21 @@ void fill(Report& report, Profile* profile)
     place(report, new ReportProfileItem(profile, "hospital"), "profile:/hospital", {20, 260});
     place(report, new ReportMonthItem, "MaintenanceMonth", {300, 200}, QTransform().rotate(-45));
     place(report, new ReportOperatorItem, "MaintenanceOperator", {300, 260});
+
+    // Tables and charts, as far as the factory makes them, with their creators' defaults.
+    const QStringList tableKeys = {"Results", "QcControlInfo", "QcControlInfoDetails",
+                                   "QcTable", "QcChart",       "MaintenanceRecord"};
+    qreal y = 320;
+    for (const QString& key : tableKeys) {
+        if (ReportItem* item = report.factory()->create(key)) {
+            item->setKey(key);
+            item->graphicsItem()->setPos(30, y);
+            item->graphicsItem()->setTransform(QTransform::fromScale(1, 1.5));
+            report.addItem(item->graphicsItem());
+            y += 60;
+        }
+    }
+    return report.reportItems().size();
 }
 
 } // namespace
@@ -213,7 +228,7 @@ void tst_TemplateFile::roundTrip()
     report.setType(kv::MaintenanceRecordReport);
     report.setPageSizeF(QSizeF(100, 50));
     report.setOrientation(QPageLayout::Landscape);
-    fill(report, &profile);
+    const int placed = fill(report, &profile);
     // A tracker in the scene is no part of the template.
     report.setDesignMode(true);
     report.reportItems().constFirst()->graphicsItem()->setSelected(true);
@@ -234,7 +249,7 @@ void tst_TemplateFile::roundTrip()
     const QList<ReportItem*> originals = report.reportItems();
     const QList<ReportItem*> copies = loaded.reportItems();
     QCOMPARE(copies.size(), originals.size());
-    QCOMPARE(copies.size(), 10);
+    QCOMPARE(copies.size(), placed);
     // The item saved first (the topmost) is added first, so the stacking order turns round.
     for (int i = 0; i < originals.size(); ++i) {
         ReportItem* original = originals.at(i);
@@ -498,7 +513,7 @@ void tst_TemplateFile::damagedFrames()
         const QByteArray where = "round " + QByteArray::number(round);
         if (!loaded.load(in))
             QVERIFY2(!loaded.errorString().isEmpty(), where);
-        QVERIFY2(loaded.reportItems().size() <= 10, where);
+        QVERIFY2(loaded.reportItems().size() <= report.reportItems().size(), where);
     }
 }
 
