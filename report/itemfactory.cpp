@@ -116,15 +116,16 @@ void ItemFactory::registerQcInformation(CreatorFactory* propFactory)
     registerProxy(propFactory, group, QStringLiteral("prop:/qc/unit"), tr("项目单位"));
     // An example file number serves as the label.
     registerProxy(propFactory, group, QStringLiteral("prop:/qc/fileno"), tr("QC01"));
-    // Next, in this order: QcChartCreator(group, this), QcInfoTableCreator(group, this),
-    // QcInfoDetailsTableCreator(group, this), QcTableCreator(group, this).
+    registerCreator(new QcChartCreator(group, this));
+    // Next, in this order: QcInfoTableCreator(group, this), QcInfoDetailsTableCreator(group, this),
+    // QcTableCreator(group, this).
 }
 
 void ItemFactory::registerMaintenanceRecords()
 {
     const QString group = tr("维护记录");
     registerCreator(new MaintenanceMonthCreator(group, this));
-    // Next: the record table, MaintenanceRecordCreator(group, this).
+    registerCreator(new MaintenanceRecordCreator(group, this));
     registerCreator(new MaintenanceOperatorCreator(group, this));
 }
 

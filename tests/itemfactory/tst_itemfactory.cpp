@@ -70,13 +70,15 @@ Catalogue patientTools()
 Catalogue qcInformation()
 {
     return {proxy("质控信息", "prop:/qc/item", "项目名称"), proxy("质控信息", "prop:/qc/abbr", "项目缩写"),
-            proxy("质控信息", "prop:/qc/unit", "项目单位"), proxy("质控信息", "prop:/qc/fileno", "QC01")};
+            proxy("质控信息", "prop:/qc/unit", "项目单位"), proxy("质控信息", "prop:/qc/fileno", "QC01"),
+            {"coagulation::QcChartCreator", {"QcChart"}, "质控图", "质控信息", "toolChart"}};
 }
 
 Catalogue maintenanceRecords()
 {
     return {
         {"coagulation::MaintenanceMonthCreator", {"MaintenanceMonth"}, "维护月份", "维护记录", "toolText"},
+        {"coagulation::MaintenanceRecordCreator", {"MaintenanceRecord"}, "维护记录表", "维护记录", "toolChart"},
         {"coagulation::MaintenanceOperatorCreator",
          {"MaintenanceOperator"},
          "操作者",
@@ -122,6 +124,10 @@ QString kindOf(const ReportItem* item)
         return QStringLiteral("prop ") + prop->propName();
     if (auto* value = dynamic_cast<const ReportProfileItem*>(item))
         return QStringLiteral("profile ") + value->propName();
+    if (dynamic_cast<const ReportQcChartItem*>(item))
+        return QStringLiteral("qc chart");
+    if (dynamic_cast<const ReportMaintenanceRecordItem*>(item))
+        return QStringLiteral("maintenance table");
     if (dynamic_cast<const ReportMonthItem*>(item))
         return QStringLiteral("month");
     if (dynamic_cast<const ReportOperatorItem*>(item))
@@ -241,6 +247,10 @@ void tst_ItemFactory::create_data()
                            << "month";
     QTest::newRow("operator") << "MaintenanceOperator"
                               << "operator";
+    QTest::newRow("qc chart") << "QcChart"
+                              << "qc chart";
+    QTest::newRow("maintenance table") << "MaintenanceRecord"
+                                       << "maintenance table";
     QTest::newRow("offered field") << "field:/patient/name"
                                    << "field patient|name";
     QTest::newRow("field without creator") << "field:/result/value"
