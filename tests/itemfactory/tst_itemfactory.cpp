@@ -69,8 +69,10 @@ Catalogue patientTools()
 
 Catalogue qcInformation()
 {
-    return {proxy("质控信息", "prop:/qc/item", "项目名称"), proxy("质控信息", "prop:/qc/abbr", "项目缩写"),
-            proxy("质控信息", "prop:/qc/unit", "项目单位"), proxy("质控信息", "prop:/qc/fileno", "QC01"),
+    return {proxy("质控信息", "prop:/qc/item", "项目名称"),
+            proxy("质控信息", "prop:/qc/abbr", "项目缩写"),
+            proxy("质控信息", "prop:/qc/unit", "项目单位"),
+            proxy("质控信息", "prop:/qc/fileno", "QC01"),
             {"coagulation::QcChartCreator", {"QcChart"}, "质控图", "质控信息", "toolChart"}};
 }
 
@@ -78,7 +80,11 @@ Catalogue maintenanceRecords()
 {
     return {
         {"coagulation::MaintenanceMonthCreator", {"MaintenanceMonth"}, "维护月份", "维护记录", "toolText"},
-        {"coagulation::MaintenanceRecordCreator", {"MaintenanceRecord"}, "维护记录表", "维护记录", "toolChart"},
+        {"coagulation::MaintenanceRecordCreator",
+         {"MaintenanceRecord"},
+         "维护记录表",
+         "维护记录",
+         "toolChart"},
         {"coagulation::MaintenanceOperatorCreator",
          {"MaintenanceOperator"},
          "操作者",

@@ -2,6 +2,7 @@
 
 #include <chartitems.h>
 #include <core/profile.h>
+#include <itemfactory.h>
 #include <kvcore/qcdatareader.h>
 #include <kvcore/qcexportdata.h>
 #include <kvcore/qcplot.h>
@@ -111,6 +112,7 @@ private Q_SLOTS:
     void mouseStaysWithTheItem();
     void payloadRoundTrip();
     void geometryAndTracker();
+    void templateRoundTrip();
 };
 
 void tst_QcChart::pageRange_data()
@@ -430,6 +432,48 @@ void tst_QcChart::geometryAndTracker()
 
     std::unique_ptr<Tracker> tracker(chart->createTracker());
     QVERIFY(dynamic_cast<RectTracker*>(tracker.get()));
+}
+
+void tst_QcChart::templateRoundTrip()
+{
+    Profile profile;
+    ItemFactory factory(&profile);
+    Report report(&profile, &factory);
+    report.setType(kv::QcReport);
+    auto* chart = dynamic_cast<ReportQcChartItem*>(factory.create(QStringLiteral("QcChart")));
+    auto* table =
+        dynamic_cast<ReportMaintenanceRecordItem*>(factory.create(QStringLiteral("MaintenanceRecord")));
+    QVERIFY(chart && table);
+    chart->setKey(QStringLiteral("QcChart"));
+    table->setKey(QStringLiteral("MaintenanceRecord"));
+    report.addItem(chart);
+    report.addItem(table);
+    chart->setPos(30, 40);
+    chart->setGeometry(QPolygonF({QPointF(0, 0), QPointF(500, 250)}));
+    chart->setPen(QPen(Qt::darkRed, 2));
+    table->setPos(30, 400);
+    table->setGeometry(QPolygonF({QPointF(0, 0), QPointF(400, 200)}));
+
+    QByteArray bytes;
+    {
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        QVERIFY(report.save(out));
+    }
+    Report loaded(&profile, &factory);
+    QDataStream in(bytes);
+    QVERIFY2(loaded.load(in), qPrintable(loaded.errorString()));
+    ReportQcChartItem* chartCopy = nullptr;
+    ReportMaintenanceRecordItem* tableCopy = nullptr;
+    for (ReportItem* item : loaded.reportItems()) {
+        if (auto* c = dynamic_cast<ReportQcChartItem*>(item))
+            chartCopy = c;
+        if (auto* t = dynamic_cast<ReportMaintenanceRecordItem*>(item))
+            tableCopy = t;
+    }
+    QVERIFY(chartCopy && tableCopy);
+    QCOMPARE(chartCopy->sceneBoundingRect(), chart->sceneBoundingRect());
+    QCOMPARE(chartCopy->pen(), QPen(Qt::darkRed, 2));
+    QCOMPARE(tableCopy->sceneBoundingRect(), table->sceneBoundingRect());
 }
 
 QTEST_MAIN(tst_QcChart)
