@@ -1,4 +1,5 @@
 #include "../common/viewdriver.h"
+#include "../common/widgetitemtesting.h"
 
 #include <chartitems.h>
 #include <core/profile.h>
@@ -15,8 +16,6 @@
 #include <QDir>
 #include <QHeaderView>
 #include <QPainter>
-#include <QPrinter>
-#include <QProcess>
 #include <QSqlQuery>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -74,30 +73,13 @@ QStringList titles(const QList<ReportMaintenanceRecordItem*>& items)
     return list;
 }
 
-// Clicks, drags and wheel turns that reach a widget (plain moves are hover, passed on for the cursor).
-class MouseCounter : public QObject
-{
-public:
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        const QEvent::Type t = event->type();
-        if (t == QEvent::MouseButtonPress || t == QEvent::MouseButtonRelease ||
-            t == QEvent::MouseButtonDblClick || t == QEvent::Wheel ||
-            (t == QEvent::MouseMove && static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton))
-            ++count;
-        return false;
-    }
-};
-
 } // namespace
 
 class tst_MaintenanceRecord : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase();
     void construction();
     void consecutiveRecordTypes();
     void monthOfRealRecords();
@@ -106,7 +88,17 @@ private Q_SLOTS:
     void printedTable();
     void mouseStaysWithTheItem();
     void payloadRoundTrip();
+
+private:
+    std::unique_ptr<Lab> m_lab; // generated once: read only by the tests
 };
+
+void tst_MaintenanceRecord::initTestCase()
+{
+    m_lab = std::make_unique<Lab>();
+    QVERIFY(m_lab->ok);
+    QCOMPARE(m_lab->workbenches.size(), 2);
+}
 
 void tst_MaintenanceRecord::construction()
 {
@@ -135,8 +127,7 @@ void tst_MaintenanceRecord::construction()
 
 void tst_MaintenanceRecord::consecutiveRecordTypes()
 {
-    Lab lab;
-    QVERIFY(lab.ok);
+    Lab& lab = *m_lab;
     QVERIFY(!lab.workbenches.isEmpty());
     Report report(&lab.profile, nullptr);
     auto* upper = new ReportMaintenanceRecordItem;
@@ -173,8 +164,7 @@ void tst_MaintenanceRecord::consecutiveRecordTypes()
 
 void tst_MaintenanceRecord::monthOfRealRecords()
 {
-    Lab lab;
-    QVERIFY(lab.ok);
+    Lab& lab = *m_lab;
     QCOMPARE(lab.workbenches.size(), 2);
     for (const Workbench& bench : lab.workbenches) {
         for (const int type : {1, 2, 3}) {
@@ -232,8 +222,7 @@ void tst_MaintenanceRecord::monthOfRealRecords()
 
 void tst_MaintenanceRecord::sizedToContents()
 {
-    Lab lab;
-    QVERIFY(lab.ok);
+    Lab& lab = *m_lab;
     Report report(&lab.profile, nullptr);
     auto* item = new ReportMaintenanceRecordItem;
     report.addItem(item);
@@ -287,8 +276,7 @@ void tst_MaintenanceRecord::noMaintenanceData()
 
 void tst_MaintenanceRecord::printedTable()
 {
-    Lab lab;
-    QVERIFY(lab.ok);
+    Lab& lab = *m_lab;
     Report report(&lab.profile, nullptr);
     QFont font(QStringLiteral("Noto Sans CJK SC"));
     font.setPixelSize(11);
@@ -311,19 +299,10 @@ void tst_MaintenanceRecord::printedTable()
     QVERIFY2(y < report.sceneRect().height(), "three tables of a month fit on one page");
 
     QTemporaryDir tmp;
-    const QString outDir =
-        QDir(QStringLiteral(TESTS_SOURCE_DIR)).filePath(QStringLiteral("../build/out/maintenance"));
-    const QString dir =
-        qEnvironmentVariableIsSet("COAGULATION_KEEP_OUTPUT") && QDir().mkpath(outDir) ? outDir : tmp.path();
-    const QString pdfPath = QDir(dir).filePath(QStringLiteral("maintenance.pdf"));
-    {
-        QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(pdfPath);
-        report.setupPrinter(&printer);
-        QPainter painter(&printer);
-        report.render(&painter, QRectF(), report.sceneRect());
-    }
+    const QString pdfPath =
+        QDir(test::outputDir(QStringLiteral("maintenance"), tmp)).filePath(QStringLiteral("maintenance.pdf"));
+    test::printToPdf(report, pdfPath, 300);
+
     // The table's own pixels are what is printed (the proxy paints the widget).
     QImage page(report.sceneRect().size().toSize() + QSize(1, 1), QImage::Format_RGB32);
     page.fill(Qt::white);
@@ -338,14 +317,9 @@ void tst_MaintenanceRecord::printedTable()
     }
 
     // On paper: ink only where the three tables stand, and their bottom rows reach the paper.
-    const QString pdftoppm = QStandardPaths::findExecutable(QStringLiteral("pdftoppm"));
-    if (pdftoppm.isEmpty())
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
         QSKIP("pdftoppm is not installed");
-    const QString pngBase = QDir(dir).filePath(QStringLiteral("maintenance"));
-    QCOMPARE(QProcess::execute(pdftoppm, {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("96"),
-                                          QStringLiteral("-singlefile"), pdfPath, pngBase}),
-             0);
-    const QImage png(pngBase + QStringLiteral(".png"));
+    const QImage png = test::pdfToPng(pdfPath);
     QVERIFY(!png.isNull());
     const double scale = png.width() / report.sceneRect().width();
     int inkOutside = 0;
@@ -381,7 +355,7 @@ void tst_MaintenanceRecord::mouseStaysWithTheItem()
     report.addItem(item);
     item->setPos(100, 100);
     item->setGeometry(QPolygonF({QPointF(0, 0), QPointF(300, 150)}));
-    MouseCounter counter;
+    test::MouseCounter counter;
     item->view()->installEventFilter(&counter);
     item->view()->viewport()->installEventFilter(&counter);
     item->view()->horizontalHeader()->viewport()->installEventFilter(&counter);
@@ -411,26 +385,10 @@ void tst_MaintenanceRecord::payloadRoundTrip()
     QFont font(QStringLiteral("Noto Sans CJK SC"));
     font.setPixelSize(10);
     item.setFont(font);
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out.setVersion(QDataStream::Qt_4_6);
-        item.save(out);
-    }
-    QByteArray expected;
-    {
-        QDataStream out(&expected, QIODevice::WriteOnly);
-        out.setVersion(QDataStream::Qt_4_6);
-        out << qint8(1) << QRectF(0, 0, 500, 300) << QPen() << QBrush() << font;
-    }
-    QCOMPARE(bytes, expected);
-
+    const QByteArray bytes = test::payloadOf(&item);
+    QCOMPARE(bytes, test::streamed(qint8(1), QRectF(0, 0, 500, 300), QPen(), QBrush(), font));
     ReportMaintenanceRecordItem copy;
-    QDataStream in(bytes);
-    in.setVersion(QDataStream::Qt_4_6);
-    copy.load(in);
-    QCOMPARE(in.status(), QDataStream::Ok);
-    QVERIFY(in.atEnd());
+    QVERIFY(test::loadPayload(&copy, bytes));
     QCOMPARE(copy.geometry(), QPolygonF({QPointF(0, 0), QPointF(500, 300)}));
     QCOMPARE(copy.font().pixelSize(), 10);
     QCOMPARE(copy.view()->font().pixelSize(), 10);

@@ -1,4 +1,5 @@
 #include "../common/viewdriver.h"
+#include "../common/widgetitemtesting.h"
 
 #include <chartitems.h>
 #include <core/profile.h>
@@ -15,8 +16,6 @@
 #include <QDataStream>
 #include <QDir>
 #include <QPainter>
-#include <QPrinter>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -47,34 +46,6 @@ QcExportData series(int points, int firstIndex, int count)
     data.count = count;
     return data;
 }
-
-// Counts the clicks, drags and wheel turns that reach a widget. Plain moves are hover, which the
-// proxy passes on so that the widget's cursor shows.
-class MouseCounter : public QObject
-{
-public:
-    int count = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        switch (event->type()) {
-        case QEvent::MouseMove:
-            if (static_cast<QMouseEvent*>(event)->buttons() != Qt::NoButton)
-                ++count;
-            break;
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::Wheel:
-            ++count;
-            break;
-        default:
-            break;
-        }
-        return false;
-    }
-};
 
 // The decompressed content streams of a PDF written by Qt.
 QByteArray pdfContents(const QByteArray& pdf)
@@ -291,20 +262,10 @@ void tst_QcChart::printsAsVectors()
     report.prepareQcData(qc->data());
     report.fetchQcData(nullptr);
 
-    const QString outDir =
-        QDir(QStringLiteral(TESTS_SOURCE_DIR)).filePath(QStringLiteral("../build/out/qcchart"));
     QTemporaryDir tmp;
-    const QString dir =
-        qEnvironmentVariableIsSet("COAGULATION_KEEP_OUTPUT") && QDir().mkpath(outDir) ? outDir : tmp.path();
-    const QString pdfPath = QDir(dir).filePath(QStringLiteral("qcchart.pdf"));
-    {
-        QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);
-        printer.setOutputFileName(pdfPath);
-        report.setupPrinter(&printer);
-        QPainter painter(&printer);
-        report.render(&painter, QRectF(), report.sceneRect());
-    }
+    const QString pdfPath =
+        QDir(test::outputDir(QStringLiteral("qcchart"), tmp)).filePath(QStringLiteral("qcchart.pdf"));
+    test::printToPdf(report, pdfPath);
     QFile file(pdfPath);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray pdf = file.readAll();
@@ -317,14 +278,9 @@ void tst_QcChart::printsAsVectors()
     QVERIFY(contents.contains("BT"));                  // axis labels are text, not pixels
 
     // On paper: the blue of the points and line lies inside the chart's frame only.
-    const QString pdftoppm = QStandardPaths::findExecutable(QStringLiteral("pdftoppm"));
-    if (pdftoppm.isEmpty())
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
         QSKIP("pdftoppm is not installed");
-    const QString pngBase = QDir(dir).filePath(QStringLiteral("qcchart"));
-    QCOMPARE(QProcess::execute(pdftoppm, {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("96"),
-                                          QStringLiteral("-singlefile"), pdfPath, pngBase}),
-             0);
-    QImage png(pngBase + QStringLiteral(".png"));
+    const QImage png = test::pdfToPng(pdfPath);
     QVERIFY(!png.isNull());
     const double sx = png.width() / report.sceneRect().width();
     const double sy = png.height() / report.sceneRect().height();
@@ -352,7 +308,7 @@ void tst_QcChart::mouseStaysWithTheItem()
     report.addItem(chart);
     chart->setPos(100, 100);
     chart->setGeometry(QPolygonF({QPointF(0, 0), QPointF(300, 200)}));
-    MouseCounter counter;
+    test::MouseCounter counter;
     chart->plot()->installEventFilter(&counter);
     chart->plot()->canvas()->installEventFilter(&counter);
 
@@ -385,27 +341,12 @@ void tst_QcChart::payloadRoundTrip()
     font.setPointSize(13);
     chart.setFont(font);
 
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        out.setVersion(QDataStream::Qt_4_6);
-        chart.save(out);
-    }
-    QByteArray expected;
-    {
-        QDataStream out(&expected, QIODevice::WriteOnly);
-        out.setVersion(QDataStream::Qt_4_6);
-        out << qint8(1) << QRectF(0, 0, 420, 260) << QPen(QColor(10, 20, 30), 2.5, Qt::DashLine)
-            << QBrush(QColor(200, 100, 50)) << font;
-    }
-    QCOMPARE(bytes, expected);
-
+    const QByteArray bytes = test::payloadOf(&chart);
+    QCOMPARE(bytes,
+             test::streamed(qint8(1), QRectF(0, 0, 420, 260), QPen(QColor(10, 20, 30), 2.5, Qt::DashLine),
+                            QBrush(QColor(200, 100, 50)), font));
     ReportQcChartItem copy;
-    QDataStream in(bytes);
-    in.setVersion(QDataStream::Qt_4_6);
-    copy.load(in);
-    QCOMPARE(in.status(), QDataStream::Ok);
-    QVERIFY(in.atEnd());
+    QVERIFY(test::loadPayload(&copy, bytes));
     QCOMPARE(copy.plot()->pen(), chart.pen());
     QCOMPARE(copy.plot()->brush(), chart.brush());
     QCOMPARE(copy.font().pointSize(), 13);
