@@ -98,7 +98,7 @@ void ItemFactory::registerPatientInformation()
 {
     const QString group = tr("患者信息");
     registerColumns(group, QStringLiteral("patient"), m_profile ? m_profile->dataDatabase() : QSqlDatabase());
-    // Next: the patient result table, PatientTableCreator(m_profile, group, this).
+    registerCreator(new PatientTableCreator(m_profile, group, this));
 }
 
 void ItemFactory::registerQcPlasma()
@@ -117,8 +117,9 @@ void ItemFactory::registerQcInformation(CreatorFactory* propFactory)
     // An example file number serves as the label.
     registerProxy(propFactory, group, QStringLiteral("prop:/qc/fileno"), tr("QC01"));
     registerCreator(new QcChartCreator(group, this));
-    // Next, in this order: QcInfoTableCreator(group, this), QcInfoDetailsTableCreator(group, this),
-    // QcTableCreator(group, this).
+    registerCreator(new QcInfoTableCreator(group, this));
+    registerCreator(new QcInfoDetailsTableCreator(group, this));
+    registerCreator(new QcTableCreator(group, this));
 }
 
 void ItemFactory::registerMaintenanceRecords()

@@ -4,4 +4,7 @@
 #include "chartitems.h"
 #include "databounditems.h"
 #include "drawingitems.h"
+#include "multicoltableitems.h"
+#include "qcinfotableitems.h"
 #include "reportitembase.h"
+#include "tableitems.h"
