@@ -10,6 +10,7 @@
 #include <kvcore/qcscaledraw.h>
 #include <labdata/labdatabasegenerator.h>
 #include <labdata/labschema.h>
+#include <multicoltableitems.h>
 #include <recttracker.h>
 #include <report.h>
 
@@ -77,6 +78,7 @@ class tst_QcChart : public QObject
 private Q_SLOTS:
     void pageRange_data();
     void pageRange();
+    void pagesOfTheQcTable();
     void noQcData();
     void plotSurface();
     void printsAsVectors();
@@ -148,6 +150,47 @@ void tst_QcChart::pageRange()
     const double offset = indexAxis ? 0.0 : day0();
     QCOMPARE(plot->xScale().lowerBound(), offset + lower);
     QCOMPARE(plot->xScale().upperBound(), offset + upper);
+}
+
+void tst_QcChart::pagesOfTheQcTable()
+{
+    // The QC table decides how many points a page holds; the chart follows it page by page.
+    Profile profile;
+    QVERIFY(LabSchema::create(profile.qcDatabase(), LabSchema::QcDatabase));
+    Report report(&profile, nullptr);
+    auto* table = new ReportQcTableItem;
+    table->setSize(QSizeF(200, 8 * 24.0));
+    table->setColumns(1);
+    table->layout(300);
+    report.addItem(table);
+    auto* chart = new ReportQcChartItem;
+    report.addItem(chart);
+
+    QcExportData data = series(50, 5, 40);
+    report.prepareQcData(&data);
+    const int perPage = report.resultCount();
+    const int pages = report.pageCount();
+    QVERIFY(perPage > 0);
+    QCOMPARE(pages, (40 + perPage - 1) / perPage);
+    QVERIFY2(pages >= 3, qPrintable(QString::number(pages)));
+    for (int page = 1; page <= pages; ++page) {
+        report.setCurrentPage(page);
+        report.fetchQcData(nullptr);
+        const QcPlot* plot = chart->plot();
+        const int first = 5 + (page - 1) * perPage;
+        if (page == 1) {
+            QVERIFY(!plot->isIndexScale());
+            QCOMPARE(plot->xScale().lowerBound(), std::floor(data.points.at(5).time));
+            QCOMPARE(plot->xScale().upperBound(), std::ceil(data.points.at(first + perPage - 1).time));
+        } else if (page == pages) {
+            QVERIFY(!plot->isIndexScale());
+            QCOMPARE(plot->xScale().lowerBound(), std::floor(data.points.at(first).time));
+            QCOMPARE(plot->xScale().upperBound(), std::ceil(data.points.at(44).time));
+        } else {
+            QVERIFY(plot->isIndexScale());
+            QCOMPARE(plot->xScale(), QcPlotScale(first, first + perPage - 1));
+        }
+    }
 }
 
 void tst_QcChart::noQcData()
