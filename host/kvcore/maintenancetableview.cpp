@@ -58,8 +58,8 @@ bool MaintenanceTableView::eventFilter(QObject* watched, QEvent* event)
     if (watched == m_cornerButton && event->type() == QEvent::Paint) {
         QStylePainter painter(m_cornerButton);
         QStyleOptionHeader option;
-        option.initFrom(m_cornerButton);
-        option.state |= QStyle::State_Enabled; // the button is disabled (no select-all), its title is not
+        // Styled like the header beside it: the button itself is disabled (no select-all).
+        option.initFrom(verticalHeader());
         option.rect = m_cornerButton->rect();
         option.position = QStyleOptionHeader::OnlyOneSection;
         option.textAlignment = Qt::AlignCenter;

@@ -314,6 +314,16 @@ void tst_MaintenanceRecord::printedTable()
         const QImage table = item->view()->grab().toImage().convertToFormat(QImage::Format_RGB32);
         QCOMPARE(table.size(), item->size().toSize());
         QCOMPARE(page.copy(QRect(item->pos().toPoint(), table.size())), table);
+        // The title in the corner is as dark as the rest of the header, not greyed out.
+        const QImage corner =
+            page.copy(QRect(item->pos().toPoint(), QSize(item->view()->verticalHeader()->width(),
+                                                         item->view()->horizontalHeader()->height())));
+        int dark = 0;
+        for (int y = 0; y < corner.height(); ++y) {
+            for (int x = 0; x < corner.width(); ++x)
+                dark += qGray(corner.pixel(x, y)) < 80 ? 1 : 0;
+        }
+        QVERIFY2(dark > 10, qPrintable(item->view()->title()));
     }
 
     // On paper: ink only where the three tables stand, and their bottom rows reach the paper.
