@@ -1,6 +1,7 @@
 #include "chartitems.h"
 
 #include "recttracker.h"
+#include "reportfont.h"
 
 #include <kvcore/maintenanceexportdata.h>
 #include <kvcore/maintenancerecorddelegate.h>
@@ -47,11 +48,12 @@ void loadProxyPayload(QDataStream& in, QGraphicsProxyWidget* proxy, ReportItem* 
 
 void setProxyFont(QGraphicsProxyWidget* proxy, const QFont& font)
 {
-    proxy->QGraphicsWidget::setFont(font);
+    const QFont chinese = withChineseFallback(font);
+    proxy->QGraphicsWidget::setFont(chinese);
     // A proxy passes its font on only once it has been shown in a scene; a template is loaded
     // before that.
     if (QWidget* widget = proxy->widget())
-        widget->setFont(font);
+        widget->setFont(chinese);
 }
 
 QPolygonF proxyGeometry(const QGraphicsProxyWidget* proxy)
@@ -86,6 +88,7 @@ ReportQcChartItem::ReportQcChartItem() : m_plot(new QcPlot)
     m_plot->axisScaleDraw(QcPlot::xBottom)->enableComponent(QcScaleDraw::Backbone, false);
     setFlags(proxyFlags);
     setWidget(m_plot);
+    setProxyFont(this, font());
     setFocusPolicy(Qt::NoFocus);
     updateData();
 }
@@ -247,6 +250,7 @@ ReportMaintenanceRecordItem::ReportMaintenanceRecordItem()
     m_view->resizeRowsToContents();
     setFlags(proxyFlags);
     setWidget(m_view);
+    setProxyFont(this, font());
     setFocusPolicy(Qt::NoFocus);
 }
 

@@ -390,11 +390,8 @@ void QcPlot::drawCanvas(QPainter* painter) const
     for (const QcScaleDraw::Tick& tick : yDraw->ticks())
         painter->drawLine(QPointF(0, canvasY(tick.value)), QPointF(size.width(), canvasY(tick.value)));
 
-    QFont labelFont = font();
-    if (labelFont.pointSizeF() > 0)
-        labelFont.setPointSizeF(labelFont.pointSizeF() * 0.8);
-    else
-        labelFont.setPixelSize(qMax(6, labelFont.pixelSize() * 4 / 5));
+    QFont labelFont = QcScaleDraw::pixelFont(font());
+    labelFont.setPixelSize(qMax(6, labelFont.pixelSize() * 4 / 5));
     painter->setFont(labelFont);
     const QFontMetricsF metrics(labelFont);
     for (const Line& line : referenceLines()) {

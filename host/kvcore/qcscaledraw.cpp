@@ -1,5 +1,6 @@
 #include "qcscaledraw.h"
 
+#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPalette>
@@ -7,6 +8,15 @@
 namespace coagulation {
 
 QcScaleDraw::QcScaleDraw(Alignment alignment) : m_alignment(alignment) {}
+
+QFont QcScaleDraw::pixelFont(const QFont& font)
+{
+    if (font.pixelSize() > 0)
+        return font;
+    QFont pixels = font;
+    pixels.setPixelSize(qMax(1, QFontInfo(font).pixelSize()));
+    return pixels;
+}
 
 void QcScaleDraw::enableComponent(ScaleComponent component, bool enable)
 {

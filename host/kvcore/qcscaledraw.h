@@ -46,7 +46,12 @@ public:
     double length() const { return m_length; }
 
     QFont font() const { return m_font; }
-    void setFont(const QFont& font) { m_font = font; }
+    // Kept in pixels (see pixelFont).
+    void setFont(const QFont& font) { m_font = pixelFont(font); }
+
+    // The font with its size in pixels of the plot. A point size would be resolved against the
+    // painter's device: on a 1200 dpi printer the labels would come out twelve times too large.
+    static QFont pixelFont(const QFont& font);
 
     // Position of a value along the backbone, in painter coordinates (x or y).
     double transform(double value) const;

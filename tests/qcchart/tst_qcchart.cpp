@@ -8,11 +8,13 @@
 #include <kvcore/qcexportdata.h>
 #include <kvcore/qcplot.h>
 #include <kvcore/qcscaledraw.h>
+#include <kvcore/workspace.h>
 #include <labdata/labdatabasegenerator.h>
 #include <labdata/labschema.h>
 #include <multicoltableitems.h>
 #include <recttracker.h>
 #include <report.h>
+#include <reportprinter.h>
 
 #include <QDataStream>
 #include <QDir>
@@ -82,6 +84,7 @@ private Q_SLOTS:
     void noQcData();
     void plotSurface();
     void printsAsVectors();
+    void qcPrintJob();
     void mouseStaysWithTheItem();
     void payloadRoundTrip();
     void geometryAndTracker();
@@ -340,6 +343,88 @@ void tst_QcChart::printsAsVectors()
     }
     QVERIFY2(blueInside > 200, qPrintable(QString::number(blueInside)));
     QCOMPARE(blueOutside, 0);
+}
+
+void tst_QcChart::qcPrintJob()
+{
+    // A QC report template with a small result table and the chart, printed by the printing
+    // service: every page gets the chart of its own points, drawn as vectors.
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    Profile profile(dir.filePath(QStringLiteral("lab.ini")));
+    LabDatabaseGenerator generator(&profile, 5);
+    generator.setPatientCount(0);
+    generator.setQcPointCount(45);
+    generator.setMaintenanceMonths(0);
+    QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
+    const QDir templates(dir.filePath(QStringLiteral("templates")));
+    QVERIFY(QDir().mkpath(templates.path()));
+    Workspace workspace(&profile, templates);
+    ReportPrinter printer;
+    printer.setWorkspace(&workspace);
+
+    {
+        Report report(&profile, printer.itemFactory());
+        report.setType(kv::QcReport);
+        auto* table =
+            dynamic_cast<ReportQcTableItem*>(printer.itemFactory()->create(QStringLiteral("QcTable")));
+        auto* chart =
+            dynamic_cast<ReportQcChartItem*>(printer.itemFactory()->create(QStringLiteral("QcChart")));
+        QVERIFY(table && chart);
+        table->setKey(QStringLiteral("QcTable"));
+        chart->setKey(QStringLiteral("QcChart"));
+        report.addItem(table);
+        report.addItem(chart);
+        table->setPos(40, 40);
+        table->setSize(QSizeF(200, 9 * 24.0));
+        table->setColumns(2);
+        table->layout(700);
+        chart->setPos(40, 320);
+        chart->setGeometry(QPolygonF({QPointF(0, 0), QPointF(700, 300)}));
+        QVERIFY(report.save(templates.filePath(QStringLiteral("qc.rpt"))));
+    }
+    profile.setValue(QStringLiteral("report/qctemplate"), QStringLiteral("qc"));
+
+    QcDataReader reader(&profile);
+    const std::unique_ptr<QcSeries> series = reader.read(reader.reagentIds().first());
+    QVERIFY(series);
+    QTemporaryDir tmp;
+    const QString pdfPath =
+        QDir(test::outputDir(QStringLiteral("qcchart"), tmp)).filePath(QStringLiteral("qcreport.pdf"));
+    printer.setOutputFileName(pdfPath);
+    QVERIFY(printer.store(QList<QcExportData*>{series->data()}, DataStorage::StoreAtOnce));
+
+    QFile file(pdfPath);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray pdf = file.readAll();
+    const qsizetype pages = pdf.count("/Type /Page\n") + pdf.count("/Type /Page\r");
+    QVERIFY2(pages >= 3, qPrintable(QString::number(pages)));
+    QVERIFY(!pdf.contains("/Subtype /Image"));
+    // One polyline per page through that page's points: a path of at least as many segments.
+    const QByteArray contents = pdfContents(pdf);
+    QVERIFY(contents.count(" l\n") >= series->data()->points.size());
+
+    // The axis labels print as large as they show: a printer's resolution must not scale them.
+    const QString pdftotext = QStandardPaths::findExecutable(QStringLiteral("pdftotext"));
+    if (pdftotext.isEmpty())
+        QSKIP("pdftotext is not installed");
+    QProcess process;
+    process.start(pdftotext, {QStringLiteral("-bbox"), pdfPath, QStringLiteral("-")});
+    QVERIFY(process.waitForFinished(30000));
+    const QString boxes = QString::fromUtf8(process.readAllStandardOutput());
+    // Words below the table, in points (the chart starts 320 pixels down, 240 points).
+    static const QRegularExpression word(
+        QStringLiteral("yMin=\"([-0-9.]+)\" xMax=\"[-0-9.]+\" yMax=\"([-0-9.]+)\">([^<]*)</word>"));
+    QStringList labels;
+    for (auto it = word.globalMatch(boxes); it.hasNext();) {
+        const QRegularExpressionMatch m = it.next();
+        if (m.captured(1).toDouble() < 230)
+            continue;
+        labels.append(m.captured(3));
+        QVERIFY2(m.captured(2).toDouble() - m.captured(1).toDouble() < 16, qPrintable(m.captured(0)));
+    }
+    QVERIFY2(labels.contains(QStringLiteral("上标记限")) && labels.contains(QStringLiteral("06-14")),
+             qPrintable(labels.join(QLatin1Char(' '))));
 }
 
 void tst_QcChart::mouseStaysWithTheItem()
