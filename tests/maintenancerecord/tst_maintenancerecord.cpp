@@ -3,14 +3,17 @@
 
 #include <chartitems.h>
 #include <core/profile.h>
+#include <itemfactory.h>
 #include <kvcore/maintenanceexportdata.h>
 #include <kvcore/maintenancerecorddelegate.h>
 #include <kvcore/maintenancerecordmodel.h>
 #include <kvcore/maintenancerecords.h>
 #include <kvcore/maintenancetableview.h>
+#include <kvcore/workspace.h>
 #include <labdata/labdatabasegenerator.h>
 #include <recttracker.h>
 #include <report.h>
+#include <reportprinter.h>
 
 #include <QDataStream>
 #include <QDir>
@@ -86,6 +89,7 @@ private Q_SLOTS:
     void sizedToContents();
     void noMaintenanceData();
     void printedTable();
+    void maintenancePrintJob();
     void mouseStaysWithTheItem();
     void payloadRoundTrip();
 
@@ -354,6 +358,65 @@ void tst_MaintenanceRecord::printedTable()
     QCOMPARE(inkOutside, 0);
     for (const int ink : inkInBottomRow)
         QVERIFY(ink > 50);
+}
+
+void tst_MaintenanceRecord::maintenancePrintJob()
+{
+    // Two tables on a maintenance template, printed by the printing service: daily and weekly.
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    Lab& lab = *m_lab;
+    const QDir templates(dir.filePath(QStringLiteral("templates")));
+    QVERIFY(QDir().mkpath(templates.path()));
+    Workspace workspace(&lab.profile, templates);
+    ReportPrinter printer;
+    printer.setWorkspace(&workspace);
+    const QList<QPointF> places = {QPointF(40, 40), QPointF(600, 40)};
+    {
+        Report report(&lab.profile, printer.itemFactory());
+        report.setType(kv::MaintenanceRecordReport);
+        report.setOrientation(QPageLayout::Landscape);
+        for (const QPointF& place : places) {
+            ReportItem* item = printer.itemFactory()->create(QStringLiteral("MaintenanceRecord"));
+            QVERIFY(dynamic_cast<ReportMaintenanceRecordItem*>(item));
+            item->setKey(QStringLiteral("MaintenanceRecord"));
+            report.addItem(item->graphicsItem());
+            item->graphicsItem()->setPos(place);
+        }
+        QVERIFY(report.save(templates.filePath(QStringLiteral("maintenance.rpt"))));
+    }
+    lab.profile.setValue(QStringLiteral("report/maintenanceRecord"), QStringLiteral("maintenance"));
+
+    Workbench workbench = lab.workbenches.first();
+    MaintenanceExportData data{&workbench, QDate(2024, 6, 1), MaintenanceManager::MonthlyMaintenance};
+    QTemporaryDir tmp;
+    const QString pdfPath =
+        QDir(test::outputDir(QStringLiteral("maintenance"), tmp)).filePath(QStringLiteral("job.pdf"));
+    printer.setOutputFileName(pdfPath);
+    QVERIFY(printer.store(&data, DataStorage::StoreAtOnce));
+    QCOMPARE(int(data.recordType), 3); // daily and weekly were printed
+
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+        QSKIP("pdftoppm is not installed");
+    const QImage png = test::pdfToPng(pdfPath);
+    QVERIFY(!png.isNull());
+    QVERIFY(png.width() > png.height()); // landscape
+    // Both tables are on paper, each reaching down as far as its rows: the daily one far lower.
+    const auto lowestInk = [&](const QPointF& place) {
+        const double scale = png.width() / 1122.5; // A4 landscape at 96 dpi
+        int lowest = -1;
+        for (int y = int(place.y() * scale); y < png.height(); ++y) {
+            for (int x = int(place.x() * scale); x < int((place.x() + 150) * scale); ++x) {
+                if (qGray(png.pixel(x, y)) < 128)
+                    lowest = y;
+            }
+        }
+        return lowest / scale;
+    };
+    const double daily = lowestInk(places.at(0));
+    const double weekly = lowestInk(places.at(1));
+    QVERIFY2(weekly > 100 && daily > weekly + 300,
+             qPrintable(QStringLiteral("%1 %2").arg(daily).arg(weekly)));
 }
 
 void tst_MaintenanceRecord::mouseStaysWithTheItem()
