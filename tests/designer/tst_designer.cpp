@@ -1,0 +1,524 @@
+#include <designerdialogs.h>
+#include <designerwindow.h>
+#include <formattoolbar.h>
+#include <geometrypanel.h>
+#include <pageview.h>
+#include <reporteditor.h>
+#include <toolpalette.h>
+
+#include <commands.h>
+#include <core/profile.h>
+#include <drawingitems.h>
+#include <report.h>
+#include <reportitemcreator.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QDoubleSpinBox>
+#include <QFontComboBox>
+#include <QMimeData>
+#include <QSpinBox>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QToolBox>
+#include <QToolButton>
+#include <QtTest>
+#include <QUndoStack>
+#include <QUndoView>
+
+#include <memory>
+
+using namespace coagulation;
+
+namespace {
+
+// Answers the designer's questions from a script and records what it was told.
+class ScriptedDialogs : public DesignerDialogs
+{
+public:
+    kv::ReportType reportType = kv::QcReport;
+    bool cancelType = false;
+    QString openName;
+    QString saveName;
+    QMessageBox::StandardButton saveChanges = QMessageBox::Cancel;
+    PageSetup pageSetup;
+    bool cancelPageSetup = false;
+    QColor color;
+    QStringList errors;
+    int saveQuestions = 0;
+
+    bool chooseReportType(QWidget*, kv::ReportType& type) override
+    {
+        type = reportType;
+        return !cancelType;
+    }
+    QString openFileName(QWidget*, const QString&) override { return openName; }
+    QString saveFileName(QWidget*, const QString&) override { return saveName; }
+    QMessageBox::StandardButton askSaveChanges(QWidget*, const QString&) override
+    {
+        ++saveQuestions;
+        return saveChanges;
+    }
+    void showError(QWidget*, const QString& text) override { errors.append(text); }
+    bool editPageSetup(QWidget*, PageSetup& setup) override
+    {
+        if (cancelPageSetup)
+            return false;
+        setup = pageSetup;
+        return true;
+    }
+    QColor chooseColor(QWidget*, const QColor&) override { return color; }
+    QString workspaceDirectory(QWidget*, const QString&) override { return {}; }
+};
+
+// Stand-ins for the catalogue's pointer and text tools, with the same keys and behaviour.
+class PointerTool : public ReportItemCreator
+{
+public:
+    explicit PointerTool(QObject* parent) : ReportItemCreator(DragRectSelection, parent) {}
+    QList<QString> keys() const override { return {QStringLiteral("Pointer")}; }
+    QString name() const override { return QStringLiteral("指针"); }
+    QString group() const override { return {}; }
+    QIcon icon() const override { return {}; }
+    ReportItem* create() override { return nullptr; }
+    void enter(QGraphicsView* view) override
+    {
+        ReportItemCreator::enter(view);
+        view->setDragMode(QGraphicsView::RubberBandDrag);
+    }
+    void leave() override { view()->setDragMode(QGraphicsView::NoDrag); }
+
+protected:
+    bool eventFilter(QObject*, QEvent*) override { return false; }
+};
+
+class TextTool : public ReportItemCreator
+{
+public:
+    TextTool(const QString& group, QObject* parent)
+        : ReportItemCreator(DragRectSelection, parent), m_group(group)
+    {}
+    QList<QString> keys() const override { return {QStringLiteral("Text")}; }
+    QString name() const override { return QStringLiteral("文本"); }
+    QString group() const override { return m_group; }
+    QIcon icon() const override { return {}; }
+    ReportItem* create() override
+    {
+        auto* item = new ReportTextItem(true);
+        item->setTextInteractionFlags(Qt::TextEditorInteraction);
+        item->setFocus(Qt::OtherFocusReason);
+        return item;
+    }
+
+private:
+    QString m_group;
+};
+
+} // namespace
+
+class tst_Designer : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void drawTextTypeAndUndo();
+    void paletteGroupsAndPointer();
+    void fontThroughToolbar();
+    void penAndBrush();
+    void deleteSelection();
+    void nudgeWithArrowKeys_data();
+    void nudgeWithArrowKeys();
+    void positionAndSizeFields();
+    void titleAndClosing();
+    void pageSetupUndo();
+    void zoom();
+
+private:
+    ReportTextItem* addText(const QString& text, const QPointF& pos);
+    ReportRectItem* addRect(const QRectF& rect);
+    void drag(const QPointF& from, const QPointF& to);
+    QList<ReportItem*> items() const { return window->report()->reportItems(); }
+    QUndoStack* stack() const { return window->report()->undoStack(); }
+
+    QTemporaryDir dir;
+    std::unique_ptr<Profile> profile;
+    QObject tools;
+    std::unique_ptr<DesignerWindow> window;
+    ScriptedDialogs* dialogs = nullptr;
+};
+
+void tst_Designer::initTestCase()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QCoreApplication::setOrganizationName(QStringLiteral("CoagulationTest"));
+    QCoreApplication::setApplicationName(QStringLiteral("tst_designer"));
+    QVERIFY(dir.isValid());
+    profile = std::make_unique<Profile>();
+}
+
+void tst_Designer::init()
+{
+    window = std::make_unique<DesignerWindow>(profile.get(), nullptr);
+    auto scripted = std::make_unique<ScriptedDialogs>();
+    dialogs = scripted.get();
+    window->setDialogs(std::move(scripted));
+    window->setTools({new PointerTool(&tools), new TextTool(QString(), &tools),
+                      new TextTool(QStringLiteral("患者信息"), &tools)});
+    window->show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    window->view()->actualSize();
+    window->view()->ensureVisible(QRectF(0, 0, 10, 10), 0, 0);
+}
+
+void tst_Designer::cleanup()
+{
+    window.reset();
+    qDeleteAll(tools.children());
+}
+
+ReportTextItem* tst_Designer::addText(const QString& text, const QPointF& pos)
+{
+    auto* item = new ReportTextItem(true);
+    item->setPlainText(text);
+    item->setPos(pos);
+    stack()->push(new NewCommand(window->report(), item));
+    return item;
+}
+
+ReportRectItem* tst_Designer::addRect(const QRectF& rect)
+{
+    auto* item = new ReportRectItem;
+    item->setRect(QRectF(QPointF(), rect.size()));
+    item->setPos(rect.topLeft());
+    stack()->push(new NewCommand(window->report(), item));
+    return item;
+}
+
+void tst_Designer::drag(const QPointF& from, const QPointF& to)
+{
+    QWidget* viewport = window->view()->viewport();
+    const QPoint a = window->view()->mapFromScene(from), b = window->view()->mapFromScene(to);
+    auto send = [viewport](QEvent::Type type, const QPoint& at, Qt::MouseButton button,
+                           Qt::MouseButtons buttons) {
+        QMouseEvent event(type, at, viewport->mapToGlobal(at), button, buttons, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &event);
+    };
+    send(QEvent::MouseButtonPress, a, Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, (a + b) / 2, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseMove, b, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, b, Qt::LeftButton, Qt::NoButton);
+}
+
+void tst_Designer::drawTextTypeAndUndo()
+{
+    ToolPalette* palette = window->toolPalette();
+    ReportItemCreator* text = palette->creator(QStringLiteral("Text"));
+    QVERIFY(text);
+    QCOMPARE(palette->current(), palette->pointer());
+    QTest::mouseClick(palette->button(text), Qt::LeftButton);
+    QCOMPARE(palette->current(), text);
+    QCOMPARE(window->view()->dragMode(), QGraphicsView::NoDrag); // the pointer was left
+
+    drag(QPointF(100, 100), QPointF(300, 140));
+    QCOMPARE(items().size(), 1);
+    auto* item = dynamic_cast<ReportTextItem*>(items().first());
+    QVERIFY(item);
+    QCOMPARE(item->key(), QStringLiteral("Text"));
+    QCOMPARE(item->pos(), QPointF(100, 100));
+    QCOMPARE(stack()->count(), 1);
+    // The tool has finished: the pointer is back.
+    QTRY_COMPARE(palette->current(), palette->pointer());
+    QCOMPARE(window->view()->dragMode(), QGraphicsView::RubberBandDrag);
+
+    window->view()->setFocus();
+    QTest::keyClicks(window->view()->viewport(), QStringLiteral("INR 1.2"));
+    QCOMPARE(item->toPlainText(), QStringLiteral("INR 1.2"));
+    QCOMPARE(stack()->count(), 2); // the typing is one merged step
+    QVERIFY(window->isWindowModified());
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(item->toPlainText(), QString());
+    QCOMPARE(items().size(), 1);
+    window->action(QStringLiteral("undo"))->trigger();
+    QVERIFY(items().isEmpty());
+    QVERIFY(!window->action(QStringLiteral("undo"))->isEnabled());
+    QVERIFY(!window->isWindowModified());
+    window->action(QStringLiteral("redo"))->trigger();
+    window->action(QStringLiteral("redo"))->trigger();
+    QCOMPARE(items().size(), 1);
+    QCOMPARE(item->toPlainText(), QStringLiteral("INR 1.2"));
+    QCOMPARE(window->undoView()->stack(), stack());
+}
+
+void tst_Designer::paletteGroupsAndPointer()
+{
+    ToolPalette* palette = window->toolPalette();
+    QCOMPARE(palette->creators().size(), 3);
+    auto* box = palette->findChild<QToolBox*>();
+    QVERIFY(box);
+    QCOMPARE(box->count(), 2);
+    QCOMPARE(box->itemText(1), QStringLiteral("患者信息"));
+    for (ReportItemCreator* creator : palette->creators())
+        QCOMPARE(palette->button(creator)->text(), creator->name());
+
+    // A tool given up without creating anything also brings the pointer back.
+    ReportItemCreator* text = palette->creators().at(2);
+    palette->activate(text);
+    QCOMPARE(palette->current(), text);
+    text->finish();
+    QTRY_COMPARE(palette->current(), palette->pointer());
+    QVERIFY(palette->button(palette->pointer())->isChecked());
+}
+
+void tst_Designer::fontThroughToolbar()
+{
+    ReportTextItem* item = addText(QStringLiteral("凝血酶原时间"), QPointF(40, 40));
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(14);
+    item->setFont(font);
+    item->setSelected(true);
+    FormatToolBar* bar = window->formatBar();
+    QCOMPARE(bar->fontSizeBox()->value(), 14);
+    QVERIFY(!bar->boldAction()->isChecked());
+    QVERIFY(bar->fontFamilyBox()->isEnabled());
+    QVERIFY(!bar->penWidthBox()->isEnabled()); // a text has no pen of its own here
+    const int steps = stack()->count();
+
+    bar->fontFamilyBox()->setCurrentFont(QFont(QStringLiteral("Noto Sans CJK SC")));
+    QCOMPARE(item->font().family(), QStringLiteral("Noto Sans CJK SC"));
+    bar->fontSizeBox()->setValue(20);
+    QCOMPARE(item->font().pixelSize(), 20);
+    bar->boldAction()->trigger();
+    QCOMPARE(item->font().weight(), QFont::Bold);
+    bar->italicAction()->trigger();
+    QCOMPARE(item->font().style(), QFont::StyleItalic);
+    bar->underlineAction()->trigger();
+    QVERIFY(item->font().underline());
+    bar->alignmentAction(Qt::AlignRight)->trigger();
+    QCOMPARE(item->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
+    QCOMPARE(stack()->count(), steps + 6);
+    // The controls follow the item, also after an undo step.
+    QVERIFY(bar->boldAction()->isChecked());
+    QVERIFY(bar->alignmentAction(Qt::AlignRight)->isChecked());
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QVERIFY(!(item->alignment() & (Qt::AlignRight | Qt::AlignHCenter)));
+    QVERIFY(bar->alignmentAction(Qt::AlignLeft)->isChecked());
+    for (int i = 0; i < 5; ++i)
+        window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(item->font().family(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(item->font().pixelSize(), 14);
+    QCOMPARE(item->font().weight(), QFont::Normal);
+    QVERIFY(!item->font().underline());
+    QCOMPARE(bar->fontSizeBox()->value(), 14);
+    QCOMPARE(bar->fontFamilyBox()->currentFont().family(), QStringLiteral("DejaVu Sans"));
+}
+
+void tst_Designer::penAndBrush()
+{
+    ReportRectItem* first = addRect(QRectF(20, 20, 100, 50));
+    ReportRectItem* second = addRect(QRectF(200, 20, 100, 50));
+    ReportTextItem* text = addText(QStringLiteral("x"), QPointF(300, 300));
+    first->setSelected(true);
+    second->setSelected(true);
+    FormatToolBar* bar = window->formatBar();
+    QVERIFY(bar->penWidthBox()->isEnabled());
+    QVERIFY(!bar->fontFamilyBox()->isEnabled());
+    const int steps = stack()->count();
+
+    dialogs->color = QColor(200, 0, 0);
+    QTest::mouseClick(bar->penColorButton(), Qt::LeftButton);
+    bar->penWidthBox()->setValue(3);
+    bar->setPenStyle(Qt::DashLine);
+    dialogs->color = QColor(0, 0, 200);
+    QTest::mouseClick(bar->brushColorButton(), Qt::LeftButton);
+    QCOMPARE(stack()->count(), steps + 4); // one step per change, for both rectangles
+    for (ReportRectItem* rect : {first, second}) {
+        QCOMPARE(rect->pen().color(), QColor(200, 0, 0));
+        QCOMPARE(rect->pen().width(), 3);
+        QCOMPARE(rect->pen().style(), Qt::DashLine);
+        QCOMPARE(rect->brush().color(), QColor(0, 0, 200));
+        QCOMPARE(rect->brush().style(), Qt::SolidPattern); // a colour chosen for no fill fills
+        QVERIFY(rect->isSelected());
+    }
+    QVERIFY(!text->isSelected());
+
+    dialogs->color = QColor(); // cancelled
+    QTest::mouseClick(bar->brushColorButton(), Qt::LeftButton);
+    QCOMPARE(stack()->count(), steps + 4);
+
+    bar->setBrushStyle(Qt::NoBrush);
+    QCOMPARE(second->brush().style(), Qt::NoBrush);
+    for (int i = 0; i < 5; ++i)
+        window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(first->pen(), ReportRectItem().pen());
+    QCOMPARE(second->brush(), ReportRectItem().brush());
+}
+
+void tst_Designer::nudgeWithArrowKeys_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QPointF>("offset");
+    QTest::newRow("right") << int(Qt::Key_Right) << Qt::KeyboardModifiers() << QPointF(10, 0);
+    QTest::newRow("up") << int(Qt::Key_Up) << Qt::KeyboardModifiers() << QPointF(0, -10);
+    QTest::newRow("alt left") << int(Qt::Key_Left) << Qt::KeyboardModifiers(Qt::AltModifier)
+                              << QPointF(-1, 0);
+    QTest::newRow("alt down") << int(Qt::Key_Down) << Qt::KeyboardModifiers(Qt::AltModifier) << QPointF(0, 1);
+}
+
+void tst_Designer::nudgeWithArrowKeys()
+{
+    QFETCH(int, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(QPointF, offset);
+    ReportRectItem* a = addRect(QRectF(100, 100, 40, 40));
+    ReportRectItem* b = addRect(QRectF(200, 103, 40, 40)); // off the grid on purpose
+    a->setSelected(true);
+    b->setSelected(true);
+    const int steps = stack()->count();
+    window->view()->setFocus();
+
+    QTest::keyClick(window->view(), Qt::Key(key), modifiers);
+    QTest::keyClick(window->view(), Qt::Key(key), modifiers);
+    QCOMPARE(a->pos(), QPointF(100, 100) + 2 * offset);
+    QCOMPARE(b->pos(), QPointF(200, 103) + 2 * offset); // moved by steps, not snapped
+    QCOMPARE(stack()->count(), steps + 1);              // recorded as one move
+    QVERIFY(dynamic_cast<const PositionCommand*>(stack()->command(steps)));
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(a->pos(), QPointF(100, 100));
+    QCOMPARE(b->pos(), QPointF(200, 103));
+}
+
+void tst_Designer::positionAndSizeFields()
+{
+    ReportRectItem* rect = addRect(QRectF(0, 0, 96 / 25.4 * 30, 96 / 25.4 * 20));
+    rect->setSelected(true);
+    GeometryPanel* panel = window->geometryPanel();
+    QCOMPARE(panel->widthBox()->value(), 30.0);
+    QCOMPARE(panel->heightBox()->value(), 20.0);
+    const int steps = stack()->count();
+
+    panel->xBox()->setValue(25.4);
+    QCOMPARE(rect->pos(), QPointF(96, 0));
+    panel->widthBox()->setValue(50.8);
+    QCOMPARE(rect->rect().width(), 192.0);
+    QCOMPARE(stack()->count(), steps + 2);
+    QVERIFY(window->report()->tracker()); // the handles follow
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(rect->rect().width(), 96 / 25.4 * 30);
+    QCOMPARE(panel->widthBox()->value(), 30.0);
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(rect->pos(), QPointF(0, 0));
+    QCOMPARE(panel->xBox()->value(), 0.0);
+}
+
+void tst_Designer::pageSetupUndo()
+{
+    Report* report = window->report();
+    dialogs->pageSetup = {QPageSize::A5, QPageLayout::Landscape, QSizeF()};
+    QVERIFY(window->pageSetup());
+    QCOMPARE(report->pageSize(), QPageSize::A5);
+    QCOMPARE(report->orientation(), QPageLayout::Landscape);
+    QCOMPARE(report->sceneRect().size().toSize(), QSize(794, 559));
+    QVERIFY(window->isWindowModified());
+
+    dialogs->pageSetup = {QPageSize::Custom, QPageLayout::Portrait, QSizeF(100, 50)};
+    QVERIFY(window->pageSetup());
+    QCOMPARE(report->pageSizeF(), QSizeF(100, 50));
+    QCOMPARE(stack()->count(), 2);
+
+    // An unchanged set-up or a cancelled dialog records nothing.
+    QVERIFY(!window->pageSetup());
+    dialogs->cancelPageSetup = true;
+    QVERIFY(!window->pageSetup());
+    QCOMPARE(stack()->count(), 2);
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(report->pageSize(), QPageSize::A5);
+    QCOMPARE(report->orientation(), QPageLayout::Landscape);
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(report->pageSize(), QPageSize::A4);
+    QCOMPARE(report->orientation(), QPageLayout::Portrait);
+    QCOMPARE(report->pageSizeF().toSize(), QSize(210, 297));
+    QVERIFY(!window->isWindowModified());
+}
+
+void tst_Designer::zoom()
+{
+    PageView* view = window->view();
+    QCOMPARE(view->zoom(), 1.0);
+    QWheelEvent wheel(QPointF(200, 200), view->viewport()->mapToGlobal(QPoint(200, 200)), QPoint(),
+                      QPoint(0, 120), Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(view->viewport(), &wheel);
+    QCOMPARE(view->zoom(), 1.25);
+    QCOMPARE(view->transform().m11(), 1.25);
+    window->action(QStringLiteral("fitPage"))->trigger();
+    const QRect page = view->mapFromScene(window->report()->sceneRect()).boundingRect();
+    QVERIFY(view->viewport()->rect().contains(page));
+    QVERIFY(page.height() > view->viewport()->height() * 0.9 ||
+            page.width() > view->viewport()->width() * 0.9);
+    window->action(QStringLiteral("actualSize"))->trigger();
+    QCOMPARE(view->zoom(), 1.0);
+}
+
+void tst_Designer::deleteSelection()
+{
+    ReportRectItem* a = addRect(QRectF(10, 10, 20, 20));
+    ReportRectItem* b = addRect(QRectF(50, 10, 20, 20));
+    ReportTextItem* c = addText(QStringLiteral("keep"), QPointF(100, 100));
+    QVERIFY(!window->action(QStringLiteral("delete"))->isEnabled());
+    window->action(QStringLiteral("selectAll"))->trigger();
+    QCOMPARE(window->editor()->selectedItems().size(), 3);
+    c->setSelected(false);
+    QVERIFY(window->action(QStringLiteral("delete"))->isEnabled());
+    const int steps = stack()->count();
+
+    window->action(QStringLiteral("delete"))->trigger();
+    QCOMPARE(items(), QList<ReportItem*>{c});
+    QCOMPARE(stack()->count(), steps + 1);
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(items().size(), 3);
+    QVERIFY(a->scene() && b->scene());
+}
+
+void tst_Designer::titleAndClosing()
+{
+    QCOMPARE(window->windowTitle(), QStringLiteral("未命名[*] (样本报告单) - 报表设计器"));
+    QVERIFY(!window->isWindowModified());
+
+    // A new template of the chosen type; nothing to save yet, so nothing is asked.
+    dialogs->reportType = kv::MaintenanceRecordReport;
+    QVERIFY(window->newTemplate());
+    QCOMPARE(dialogs->saveQuestions, 0);
+    QCOMPARE(window->report()->type(), kv::MaintenanceRecordReport);
+    QVERIFY(window->report()->isDesignMode());
+    QCOMPARE(window->windowTitle(), QStringLiteral("未命名[*] (维护记录报告单) - 报表设计器"));
+
+    addRect(QRectF(10, 10, 20, 20));
+    QVERIFY(window->isWindowModified());
+    dialogs->saveChanges = QMessageBox::Cancel;
+    QVERIFY(!window->close());
+    QVERIFY(window->isVisible());
+    QVERIFY(!window->newTemplate());
+    QCOMPARE(dialogs->saveQuestions, 2);
+    QCOMPARE(items().size(), 1);
+
+    // Undoing back to the clean state clears the mark; closing asks nothing then.
+    window->action(QStringLiteral("undo"))->trigger();
+    QVERIFY(!window->isWindowModified());
+    window->action(QStringLiteral("redo"))->trigger();
+    dialogs->saveChanges = QMessageBox::Discard;
+    QVERIFY(window->close());
+    QCOMPARE(dialogs->saveQuestions, 3);
+}
+
+QTEST_MAIN(tst_Designer)
+#include "tst_designer.moc"
