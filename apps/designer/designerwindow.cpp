@@ -42,6 +42,7 @@ DesignerWindow::DesignerWindow(Profile* profile, ItemFactory* factory, QWidget* 
     createActions();
     createMenus();
     createDocks();
+    addToolBarBreak();
     addToolBar(Qt::TopToolBarArea, m_format);
     statusBar()->addPermanentWidget(m_zoomLabel);
     connect(m_view, &PageView::zoomChanged, this,
@@ -207,7 +208,7 @@ void DesignerWindow::setReport(Report* report)
     Report* old = m_report;
     m_report = report;
     m_editor->setReport(report);
-    m_view->setScene(report);
+    m_view->setReport(report);
     m_palette->setView(m_view);
     m_undoView->setStack(report->undoStack());
     delete old;
@@ -368,7 +369,6 @@ bool DesignerWindow::pageSetup()
     auto* command = new SetupPageCommand(m_report, setup.pageSize, setup.orientation, setup.customSize);
     command->setText(tr("页面设置"));
     m_report->undoStack()->push(command);
-    m_view->viewport()->update();
     return true;
 }
 

@@ -33,6 +33,22 @@ Report* PageView::report() const
     return qobject_cast<Report*>(scene());
 }
 
+void PageView::setReport(Report* report)
+{
+    disconnect(m_pageConnection);
+    setScene(report);
+    if (!report)
+        return;
+    m_pageConnection = connect(report, &QGraphicsScene::sceneRectChanged, this, &PageView::pageChanged);
+    pageChanged(report->sceneRect());
+}
+
+void PageView::pageChanged(const QRectF& page)
+{
+    setSceneRect(page.adjusted(-deskMargin, -deskMargin, deskMargin, deskMargin));
+    viewport()->update();
+}
+
 void PageView::setZoom(double zoom)
 {
     zoom = qBound(minimumZoom, zoom, maximumZoom);
@@ -62,8 +78,7 @@ void PageView::fitPage()
 {
     if (!scene())
         return;
-    const QRectF page =
-        scene()->sceneRect().adjusted(-deskMargin / 2, -deskMargin / 2, deskMargin / 2, deskMargin / 2);
+    const QRectF page = sceneRect(); // the sheet and its desk margin
     const QSize area = maximumViewportSize();
     if (page.isEmpty() || area.isEmpty())
         return;

@@ -15,6 +15,8 @@ public:
     explicit PageView(QWidget* parent = nullptr);
 
     Report* report() const;
+    // Shows a report, with some desk around its sheet.
+    void setReport(Report* report);
     double zoom() const { return m_zoom; }
 
 public Q_SLOTS:
@@ -37,7 +39,10 @@ protected:
 private:
     bool isEditingText() const;
 
+    void pageChanged(const QRectF& page);
+
     double m_zoom = 1.0;
+    QMetaObject::Connection m_pageConnection;
 };
 
 } // namespace coagulation
