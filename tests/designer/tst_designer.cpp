@@ -3,12 +3,14 @@
 #include <formattoolbar.h>
 #include <geometrypanel.h>
 #include <pageview.h>
+#include <previewdata.h>
 #include <reporteditor.h>
 #include <toolpalette.h>
 
 #include <commands.h>
 #include <core/profile.h>
 #include <drawingitems.h>
+#include <labdata/labdatabasegenerator.h>
 #include <report.h>
 #include <reportitemcreator.h>
 
@@ -18,6 +20,7 @@
 #include <QFontComboBox>
 #include <QMimeData>
 #include <QSpinBox>
+#include <QSqlQuery>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QToolBox>
@@ -136,6 +139,7 @@ private Q_SLOTS:
     void titleAndClosing();
     void pageSetupUndo();
     void zoom();
+    void previewDataFromWorkspace();
 
 private:
     ReportTextItem* addText(const QString& text, const QPointF& pos);
@@ -158,6 +162,10 @@ void tst_Designer::initTestCase()
     QCoreApplication::setApplicationName(QStringLiteral("tst_designer"));
     QVERIFY(dir.isValid());
     profile = std::make_unique<Profile>();
+    LabDatabaseGenerator lab(profile.get(), 7);
+    lab.setPatientCount(12);
+    lab.setQcPointCount(20);
+    QVERIFY2(lab.generate(), qPrintable(lab.errorString()));
 }
 
 void tst_Designer::init()
@@ -238,6 +246,13 @@ void tst_Designer::drawTextTypeAndUndo()
     window->view()->setFocus();
     QTest::keyClicks(window->view()->viewport(), QStringLiteral("INR 1.2"));
     QCOMPARE(item->toPlainText(), QStringLiteral("INR 1.2"));
+    // While typing, arrows and Delete edit the text; they neither nudge nor delete the item.
+    QTest::keyClick(window->view()->viewport(), Qt::Key_Left);
+    QTest::keyClick(window->view()->viewport(), Qt::Key_Delete);
+    QTest::keyClicks(window->view()->viewport(), QStringLiteral("3"));
+    QCOMPARE(item->toPlainText(), QStringLiteral("INR 1.3"));
+    QCOMPARE(item->pos(), QPointF(100, 100));
+    QCOMPARE(items().size(), 1);
     QCOMPARE(stack()->count(), 2); // the typing is one merged step
     QVERIFY(window->isWindowModified());
 
@@ -251,7 +266,7 @@ void tst_Designer::drawTextTypeAndUndo()
     window->action(QStringLiteral("redo"))->trigger();
     window->action(QStringLiteral("redo"))->trigger();
     QCOMPARE(items().size(), 1);
-    QCOMPARE(item->toPlainText(), QStringLiteral("INR 1.2"));
+    QCOMPARE(item->toPlainText(), QStringLiteral("INR 1.3"));
     QCOMPARE(window->undoView()->stack(), stack());
 }
 
@@ -518,6 +533,39 @@ void tst_Designer::titleAndClosing()
     dialogs->saveChanges = QMessageBox::Discard;
     QVERIFY(window->close());
     QCOMPARE(dialogs->saveQuestions, 3);
+}
+
+void tst_Designer::previewDataFromWorkspace()
+{
+    PreviewData data(profile.get());
+    const QList<qint64> ids = data.patientIds();
+    QCOMPARE(ids.size(), PreviewData::patientCount);
+    QVERIFY(std::is_sorted(ids.rbegin(), ids.rend()));
+    QSqlQuery results(profile->dataDatabase());
+    QVERIFY(
+        results.exec(QStringLiteral("SELECT count(*) FROM result WHERE patientId = %1").arg(ids.first())));
+    QVERIFY(results.next());
+    QVERIFY(results.value(0).toInt() > 0);
+
+    const QList<QcExportData*> qc = data.qcData();
+    QCOMPARE(qc.size(), PreviewData::qcSeriesCount);
+    for (const QcExportData* series : qc) {
+        QCOMPARE(series->points.size(), 20);
+        QCOMPARE(series->count, 20);
+    }
+    QCOMPARE(data.qcData(), qc); // read once, kept
+
+    const MaintenanceExportData* maintenance = data.maintenanceData();
+    QVERIFY(maintenance);
+    QCOMPARE(maintenance->month, QDate(2024, 6, 28)); // the generator's last day
+    QVERIFY(maintenance->workbench);
+    QVERIFY(!maintenance->workbench->name().isEmpty());
+
+    Profile empty; // no tables at all: nothing to show, no crash
+    PreviewData none(&empty);
+    QVERIFY(none.patientIds().isEmpty());
+    QVERIFY(none.qcData().isEmpty());
+    QVERIFY(!none.maintenanceData());
 }
 
 QTEST_MAIN(tst_Designer)
