@@ -34,6 +34,9 @@ class DesignerWindow : public QMainWindow
     Q_OBJECT
 public:
     DesignerWindow(Profile* profile, ItemFactory* factory, QWidget* parent = nullptr);
+
+    // The settings file of a workspace folder.
+    static QString workspaceProfileName() { return QStringLiteral("profile.ini"); }
     ~DesignerWindow() override;
 
     // Replaces the questions asked of the user (tests answer them without a human).

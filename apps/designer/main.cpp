@@ -1,13 +1,19 @@
 // The report template designer.
 #include "designerwindow.h"
 #include "pageview.h"
+#include "reporteditor.h"
 
 #include <core/profile.h>
+#include <report.h>
+#include <reportitembase.h>
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
 #include <QTimer>
 
+#include <cstdio>
 #include <memory>
 
 using namespace coagulation;
@@ -17,29 +23,50 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Coagulation"));
     QApplication::setApplicationName(QStringLiteral("coagulation-designer"));
-    QApplication::setApplicationDisplayName(QApplication::translate("main", "报表设计器"));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QApplication::translate("main", "报表模板设计器"));
+    parser.setApplicationDescription(QStringLiteral("Report template designer"));
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("template"),
-                                 QApplication::translate("main", "要打开的模板 (.rpt)"));
-    const QCommandLineOption profileOption(
-        QStringLiteral("profile"), QApplication::translate("main", "配置文件 (INI)"), QStringLiteral("ini"));
+    parser.addPositionalArgument(QStringLiteral("template"), QStringLiteral("A template (.rpt) to open"));
+    const QCommandLineOption workspaceOption(
+        QStringLiteral("workspace"),
+        QStringLiteral("Workspace folder (profile.ini and its databases) whose data fills previews and whose "
+                       "column names the tools offer; default $COAGULATION_WORKSPACE, else out/demo"),
+        QStringLiteral("folder"));
+    const QCommandLineOption selectOption(QStringLiteral("select"),
+                                          QStringLiteral("Select the item with this index (topmost first)"),
+                                          QStringLiteral("index"));
     const QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
-                                              QApplication::translate("main", "保存窗口截图后退出"),
+                                              QStringLiteral("Save a picture of the window and quit"),
                                               QStringLiteral("png"));
-    parser.addOption(profileOption);
-    parser.addOption(screenshotOption);
+    parser.addOptions({workspaceOption, selectOption, screenshotOption});
     parser.process(app);
 
-    const auto profile = parser.isSet(profileOption) ? std::make_unique<Profile>(parser.value(profileOption))
-                                                     : std::make_unique<Profile>();
+    QString workspace = parser.value(workspaceOption);
+    if (workspace.isEmpty())
+        workspace = qEnvironmentVariable("COAGULATION_WORKSPACE", QStringLiteral("out/demo"));
+    const QString ini = QDir(workspace).filePath(DesignerWindow::workspaceProfileName());
+    std::unique_ptr<Profile> profile;
+    if (QFileInfo(ini).isFile()) {
+        profile = std::make_unique<Profile>(ini);
+    } else {
+        std::fprintf(stderr, "No workspace at %s: data fields and previews need one (make demo creates it)\n",
+                     qPrintable(QDir::toNativeSeparators(QDir(workspace).absolutePath())));
+        profile = std::make_unique<Profile>();
+    }
+
     DesignerWindow window(profile.get(), nullptr);
+    window.setWorkspaceDirectory(workspace);
     window.show();
-    if (!parser.positionalArguments().isEmpty() &&
-        !window.openFile(parser.positionalArguments().constFirst()))
+    const QStringList files = parser.positionalArguments();
+    if (!files.isEmpty() && !window.openFile(files.constFirst()))
         return 1;
+    if (parser.isSet(selectOption)) {
+        const QList<ReportItem*> items = window.report()->reportItems();
+        const int index = parser.value(selectOption).toInt();
+        if (index >= 0 && index < items.size())
+            items.at(index)->graphicsItem()->setSelected(true);
+    }
 
     if (parser.isSet(screenshotOption)) {
         const QString png = parser.value(screenshotOption);
