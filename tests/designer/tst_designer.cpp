@@ -2,6 +2,7 @@
 #include <designerwindow.h>
 #include <formattoolbar.h>
 #include <geometrypanel.h>
+#include <pagesetupdialog.h>
 #include <pageview.h>
 #include <previewdata.h>
 #include <reporteditor.h>
@@ -16,9 +17,11 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFontComboBox>
 #include <QMimeData>
+#include <QRadioButton>
 #include <QSpinBox>
 #include <QSqlQuery>
 #include <QStandardPaths>
@@ -138,6 +141,7 @@ private Q_SLOTS:
     void positionAndSizeFields();
     void titleAndClosing();
     void pageSetupUndo();
+    void pageSetupDialog();
     void zoom();
     void previewDataFromWorkspace();
 
@@ -464,6 +468,34 @@ void tst_Designer::pageSetupUndo()
     QCOMPARE(report->orientation(), QPageLayout::Portrait);
     QCOMPARE(report->pageSizeF().toSize(), QSize(210, 297));
     QVERIFY(!window->isWindowModified());
+}
+
+void tst_Designer::pageSetupDialog()
+{
+    PageSetupDialog dialog({QPageSize::A5, QPageLayout::Landscape, QSizeF(148, 210)});
+    auto* size = dialog.findChild<QComboBox*>();
+    const QList<QDoubleSpinBox*> boxes = dialog.findChildren<QDoubleSpinBox*>();
+    QCOMPARE(boxes.size(), 2);
+    QCOMPARE(size->currentText(), QStringLiteral("A5"));
+    QVERIFY(!boxes.at(0)->isEnabled()); // a standard size is not edited in millimetres
+    QCOMPARE(dialog.pageSetup().orientation, QPageLayout::Landscape);
+
+    size->setCurrentIndex(size->findData(int(QPageSize::A3)));
+    QCOMPARE(boxes.at(0)->value(), 297.0);
+    QCOMPARE(boxes.at(1)->value(), 420.0);
+    size->setCurrentIndex(size->findData(int(QPageSize::Custom)));
+    QVERIFY(boxes.at(0)->isEnabled());
+    boxes.at(0)->setValue(100);
+    boxes.at(1)->setValue(50);
+    dialog.findChildren<QRadioButton*>().at(0)->setChecked(true);
+    const PageSetup setup = dialog.pageSetup();
+    QCOMPARE(setup.pageSize, QPageSize::Custom);
+    QCOMPARE(setup.customSize, QSizeF(100, 50));
+    QCOMPARE(setup.orientation, QPageLayout::Portrait);
+
+    // A custom size that the report has keeps its millimetres.
+    PageSetupDialog custom({QPageSize::Custom, QPageLayout::Portrait, QSizeF(80, 120)});
+    QCOMPARE(custom.pageSetup().customSize, QSizeF(80, 120));
 }
 
 void tst_Designer::zoom()
