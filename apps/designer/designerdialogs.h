@@ -13,7 +13,8 @@ class QWidget;
 namespace coagulation {
 
 // Every question the designer asks its user. The window asks through this object, so tests
-// and scripts replace it with one that answers without a human.
+// and scripts replace it with one that answers without a human. In a process that must not
+// block (see InformationLog::isInteractive) these defaults answer as if the user cancelled.
 class DesignerDialogs
 {
 public:

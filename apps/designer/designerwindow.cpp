@@ -10,6 +10,7 @@
 #include "toolpalette.h"
 
 #include <commands.h>
+#include <itemfactory.h>
 #include <report.h>
 
 #include <QAction>
@@ -52,6 +53,8 @@ DesignerWindow::DesignerWindow(Profile* profile, ItemFactory* factory, QWidget* 
     m_zoomLabel->setText(tr("%1%").arg(100));
     resize(1280, 900);
     newTemplate(kv::PatientReport);
+    if (factory)
+        m_palette->setCreators(factory->creators());
 }
 
 DesignerWindow::~DesignerWindow()

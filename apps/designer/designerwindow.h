@@ -42,6 +42,7 @@ public:
     // Replaces the questions asked of the user (tests answer them without a human).
     void setDialogs(std::unique_ptr<DesignerDialogs> dialogs);
     DesignerDialogs* dialogs() const { return m_dialogs.get(); }
+    // The palette starts with the factory's creators; a host may offer others.
     void setTools(const QList<ReportItemCreator*>& creators);
 
     Report* report() const { return m_report; }

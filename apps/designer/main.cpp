@@ -4,6 +4,7 @@
 #include "reporteditor.h"
 
 #include <core/profile.h>
+#include <itemfactory.h>
 #include <report.h>
 #include <reportitembase.h>
 
@@ -55,7 +56,8 @@ int main(int argc, char** argv)
         profile = std::make_unique<Profile>();
     }
 
-    DesignerWindow window(profile.get(), nullptr);
+    ItemFactory factory(profile.get());
+    DesignerWindow window(profile.get(), &factory);
     window.setWorkspaceDirectory(workspace);
     window.show();
     const QStringList files = parser.positionalArguments();

@@ -5,18 +5,21 @@
 #include <pagesetupdialog.h>
 #include <pageview.h>
 #include <previewdata.h>
+#include <recentfiles.h>
 #include <reporteditor.h>
 #include <toolpalette.h>
 
 #include <commands.h>
 #include <core/profile.h>
 #include <drawingitems.h>
+#include <itemfactory.h>
 #include <labdata/labdatabasegenerator.h>
 #include <report.h>
 #include <reportitemcreator.h>
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFontComboBox>
@@ -77,48 +80,13 @@ public:
     QString workspaceDirectory(QWidget*, const QString&) override { return {}; }
 };
 
-// Stand-ins for the catalogue's pointer and text tools, with the same keys and behaviour.
-class PointerTool : public ReportItemCreator
+template <class T> T* findItem(const QList<ReportItem*>& items)
 {
-public:
-    explicit PointerTool(QObject* parent) : ReportItemCreator(DragRectSelection, parent) {}
-    QList<QString> keys() const override { return {QStringLiteral("Pointer")}; }
-    QString name() const override { return QStringLiteral("指针"); }
-    QString group() const override { return {}; }
-    QIcon icon() const override { return {}; }
-    ReportItem* create() override { return nullptr; }
-    void enter(QGraphicsView* view) override
-    {
-        ReportItemCreator::enter(view);
-        view->setDragMode(QGraphicsView::RubberBandDrag);
-    }
-    void leave() override { view()->setDragMode(QGraphicsView::NoDrag); }
-
-protected:
-    bool eventFilter(QObject*, QEvent*) override { return false; }
-};
-
-class TextTool : public ReportItemCreator
-{
-public:
-    TextTool(const QString& group, QObject* parent)
-        : ReportItemCreator(DragRectSelection, parent), m_group(group)
-    {}
-    QList<QString> keys() const override { return {QStringLiteral("Text")}; }
-    QString name() const override { return QStringLiteral("文本"); }
-    QString group() const override { return m_group; }
-    QIcon icon() const override { return {}; }
-    ReportItem* create() override
-    {
-        auto* item = new ReportTextItem(true);
-        item->setTextInteractionFlags(Qt::TextEditorInteraction);
-        item->setFocus(Qt::OtherFocusReason);
-        return item;
-    }
-
-private:
-    QString m_group;
-};
+    for (ReportItem* item : items)
+        if (auto* found = dynamic_cast<T*>(item))
+            return found;
+    return nullptr;
+}
 
 } // namespace
 
@@ -135,7 +103,10 @@ private Q_SLOTS:
     void paletteGroupsAndPointer();
     void fontThroughToolbar();
     void penAndBrush();
+    void copyPasteSelection();
     void deleteSelection();
+    void saveReopenCompare();
+    void openErrorShowsReportText();
     void nudgeWithArrowKeys_data();
     void nudgeWithArrowKeys();
     void positionAndSizeFields();
@@ -154,7 +125,7 @@ private:
 
     QTemporaryDir dir;
     std::unique_ptr<Profile> profile;
-    QObject tools;
+    std::unique_ptr<ItemFactory> factory;
     std::unique_ptr<DesignerWindow> window;
     ScriptedDialogs* dialogs = nullptr;
 };
@@ -170,16 +141,15 @@ void tst_Designer::initTestCase()
     lab.setPatientCount(12);
     lab.setQcPointCount(20);
     QVERIFY2(lab.generate(), qPrintable(lab.errorString()));
+    factory = std::make_unique<ItemFactory>(profile.get());
 }
 
 void tst_Designer::init()
 {
-    window = std::make_unique<DesignerWindow>(profile.get(), nullptr);
+    window = std::make_unique<DesignerWindow>(profile.get(), factory.get());
     auto scripted = std::make_unique<ScriptedDialogs>();
     dialogs = scripted.get();
     window->setDialogs(std::move(scripted));
-    window->setTools({new PointerTool(&tools), new TextTool(QString(), &tools),
-                      new TextTool(QStringLiteral("患者信息"), &tools)});
     window->show();
     window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window.get()));
@@ -190,12 +160,12 @@ void tst_Designer::init()
 void tst_Designer::cleanup()
 {
     window.reset();
-    qDeleteAll(tools.children());
 }
 
 ReportTextItem* tst_Designer::addText(const QString& text, const QPointF& pos)
 {
     auto* item = new ReportTextItem(true);
+    item->setKey(QStringLiteral("Text"));
     item->setPlainText(text);
     item->setPos(pos);
     stack()->push(new NewCommand(window->report(), item));
@@ -205,6 +175,7 @@ ReportTextItem* tst_Designer::addText(const QString& text, const QPointF& pos)
 ReportRectItem* tst_Designer::addRect(const QRectF& rect)
 {
     auto* item = new ReportRectItem;
+    item->setKey(QStringLiteral("Rect"));
     item->setRect(QRectF(QPointF(), rect.size()));
     item->setPos(rect.topLeft());
     stack()->push(new NewCommand(window->report(), item));
@@ -277,19 +248,36 @@ void tst_Designer::drawTextTypeAndUndo()
 void tst_Designer::paletteGroupsAndPointer()
 {
     ToolPalette* palette = window->toolPalette();
-    QCOMPARE(palette->creators().size(), 3);
+    QCOMPARE(palette->creators(), factory->creators());
     auto* box = palette->findChild<QToolBox*>();
     QVERIFY(box);
-    QCOMPARE(box->count(), 2);
-    QCOMPARE(box->itemText(1), QStringLiteral("患者信息"));
-    for (ReportItemCreator* creator : palette->creators())
-        QCOMPARE(palette->button(creator)->text(), creator->name());
+    QStringList groups;
+    for (int i = 0; i < box->count(); ++i)
+        groups.append(box->itemText(i));
+    QCOMPARE(groups, (QStringList{QStringLiteral("基本工具"), QStringLiteral("通用信息"),
+                                  QStringLiteral("患者信息"), QStringLiteral("质控血浆"),
+                                  QStringLiteral("质控信息"), QStringLiteral("维护记录")}));
+    for (ReportItemCreator* creator : palette->creators()) {
+        QAbstractButton* button = palette->button(creator);
+        QCOMPARE(button->text(), creator->name());
+        QCOMPARE(button->icon().isNull(), creator->icon().isNull());
+    }
+    QVERIFY(!palette->button(palette->pointer())->icon().isNull());
+
+    // A data field drawn from the palette is a field item with the column's key.
+    ReportItemCreator* name = palette->creator(QStringLiteral("field:/patient/name"));
+    QVERIFY(name);
+    QTest::mouseClick(palette->button(name), Qt::LeftButton);
+    drag(QPointF(50, 50), QPointF(200, 80));
+    QCOMPARE(items().size(), 1);
+    QCOMPARE(items().first()->key(), QStringLiteral("field:/patient/name"));
+    QTRY_COMPARE(palette->current(), palette->pointer());
 
     // A tool given up without creating anything also brings the pointer back.
-    ReportItemCreator* text = palette->creators().at(2);
-    palette->activate(text);
-    QCOMPARE(palette->current(), text);
-    text->finish();
+    ReportItemCreator* rect = palette->creator(QStringLiteral("Rect"));
+    palette->activate(rect);
+    QCOMPARE(palette->current(), rect);
+    rect->finish();
     QTRY_COMPARE(palette->current(), palette->pointer());
     QVERIFY(palette->button(palette->pointer())->isChecked());
 }
@@ -598,6 +586,155 @@ void tst_Designer::previewDataFromWorkspace()
     QVERIFY(none.patientIds().isEmpty());
     QVERIFY(none.qcData().isEmpty());
     QVERIFY(!none.maintenanceData());
+}
+
+void tst_Designer::copyPasteSelection()
+{
+    ReportRectItem* rect = addRect(QRectF(40, 60, 100, 50));
+    rect->setBrush(QBrush(Qt::yellow));
+    ReportTextItem* text = addText(QStringLiteral("凝血四项"), QPointF(200, 60));
+    addText(QStringLiteral("not copied"), QPointF(200, 300));
+    rect->setSelected(true);
+    text->setSelected(true);
+    QVERIFY(!window->action(QStringLiteral("paste"))->isEnabled() ||
+            window->editor()->canPaste(QApplication::clipboard()->mimeData()));
+
+    window->action(QStringLiteral("copy"))->trigger();
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    QVERIFY(data->hasFormat(Report::mimeType));
+    QVERIFY(window->action(QStringLiteral("paste"))->isEnabled());
+    const int steps = stack()->count();
+
+    window->action(QStringLiteral("paste"))->trigger();
+    QCOMPARE(items().size(), 5);
+    QCOMPARE(stack()->count(), steps + 1);
+    const QList<ReportItem*> pasted = window->editor()->selectedItems();
+    QCOMPARE(pasted.size(), 2);
+    QVERIFY(!rect->isSelected() && !text->isSelected());
+    auto* rectCopy = findItem<ReportRectItem>(pasted);
+    QVERIFY(rectCopy);
+    QCOMPARE(rectCopy->pos(), rect->pos() + QPointF(10, 10));
+    QCOMPARE(rectCopy->rect(), rect->rect());
+    QCOMPARE(rectCopy->brush().color(), QColor(Qt::yellow));
+    auto* textCopy = findItem<ReportTextItem>(pasted);
+    QVERIFY(textCopy);
+    QCOMPARE(textCopy->toPlainText(), QStringLiteral("凝血四项"));
+    QCOMPARE(textCopy->key(), text->key());
+
+    // A second paste lands one step further; undo takes each paste away whole.
+    window->action(QStringLiteral("paste"))->trigger();
+    QCOMPARE(items().size(), 7);
+    QCOMPARE(findItem<ReportRectItem>(window->editor()->selectedItems())->pos(),
+             rect->pos() + QPointF(20, 20));
+    window->action(QStringLiteral("undo"))->trigger();
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(items().size(), 3);
+
+    // Into another designer window, through the clipboard.
+    DesignerWindow other(profile.get(), factory.get());
+    other.setDialogs(std::make_unique<ScriptedDialogs>());
+    other.editor()->paste();
+    QCOMPARE(other.report()->reportItems().size(), 2);
+    QCOMPARE(other.report()->undoStack()->count(), 1);
+
+    // Cut puts the items on the clipboard and takes them away in one step; pasting puts them back.
+    rect->setSelected(true);
+    window->action(QStringLiteral("cut"))->trigger();
+    QCOMPARE(items().size(), 2);
+    window->action(QStringLiteral("paste"))->trigger();
+    QCOMPARE(items().size(), 3);
+    QCOMPARE(window->editor()->selectedItems().first()->graphicsItem()->pos(), QPointF(40, 60));
+
+    // Something else on the clipboard pastes nothing.
+    auto* foreign = new QMimeData;
+    foreign->setText(QStringLiteral("text"));
+    QApplication::clipboard()->setMimeData(foreign);
+    QVERIFY(!window->action(QStringLiteral("paste"))->isEnabled());
+    const int before = stack()->count();
+    window->editor()->paste();
+    QCOMPARE(stack()->count(), before);
+}
+
+void tst_Designer::saveReopenCompare()
+{
+    ReportRectItem* rect = addRect(QRectF(40, 60, 100, 50));
+    rect->setPen(QPen(Qt::red, 2, Qt::DashLine));
+    ReportTextItem* text = addText(QStringLiteral("凝血检验报告单"), QPointF(200, 30));
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    font.setPixelSize(22);
+    text->setFont(font);
+    auto* line = new ReportLineItem;
+    line->setKey(QStringLiteral("直线"));
+    line->setLine(QLineF(0, 0, 300, 0));
+    line->setPos(50, 120);
+    line->setTransform(QTransform::fromScale(1.5, 1));
+    stack()->push(new NewCommand(window->report(), line));
+    window->report()->setPageSize(QPageSize::A5);
+    QVERIFY(window->isWindowModified());
+
+    const QString path = dir.filePath(QStringLiteral("result.rpt"));
+    dialogs->saveName = dir.filePath(QStringLiteral("result")); // the suffix is added
+    QVERIFY(window->action(QStringLiteral("save"))->isEnabled());
+    window->action(QStringLiteral("save"))->trigger();
+    QVERIFY(QFileInfo::exists(path));
+    QVERIFY(!window->isWindowModified());
+    QCOMPARE(window->windowTitle(), QStringLiteral("result.rpt[*] (样本报告单) - 报表设计器"));
+    QCOMPARE(window->recentFiles()->files().value(0), QFileInfo(path).absoluteFilePath());
+    QCOMPARE(Report::fileType(path), kv::PatientReport);
+
+    DesignerWindow reopened(profile.get(), factory.get());
+    reopened.setDialogs(std::make_unique<ScriptedDialogs>());
+    QVERIFY(reopened.openFile(path));
+    Report* copy = reopened.report();
+    QCOMPARE(copy->pageSize(), QPageSize::A5);
+    QCOMPARE(copy->undoStack()->count(), 0);
+    QVERIFY(copy->isDesignMode());
+    QVERIFY(!reopened.isWindowModified());
+    const QList<ReportItem*> before = items(), after = copy->reportItems();
+    QCOMPARE(after.size(), before.size());
+    for (int i = 0; i < before.size(); ++i) {
+        // Loading adds the topmost item first, so equal-Z items come back in reverse order.
+        ReportItem* original = before.at(i);
+        ReportItem* loaded = after.at(after.size() - 1 - i);
+        QCOMPARE(loaded->key(), original->key());
+        QCOMPARE(loaded->graphicsItem()->pos(), original->graphicsItem()->pos());
+        QCOMPARE(loaded->graphicsItem()->transform(), original->graphicsItem()->transform());
+        QCOMPARE(loaded->geometry(), original->geometry());
+        QCOMPARE(loaded->pen(), original->pen());
+        QCOMPARE(loaded->font().family(), original->font().family());
+        QCOMPARE(loaded->font().pixelSize(), original->font().pixelSize());
+    }
+
+    // Saving again needs no name; a failing save reports the report's own error text.
+    dialogs->saveName.clear();
+    addRect(QRectF(0, 0, 10, 10));
+    QVERIFY(window->save());
+    window->report()->setType(kv::NoReport);
+    addRect(QRectF(0, 0, 10, 10));
+    QVERIFY(!window->save());
+    QCOMPARE(dialogs->errors.value(0), QStringLiteral("无法保存模板 result.rpt\n未知的报表类型"));
+    QVERIFY(window->isWindowModified());
+}
+
+void tst_Designer::openErrorShowsReportText()
+{
+    addRect(QRectF(0, 0, 10, 10));
+    Report* current = window->report();
+    const QString path = dir.filePath(QStringLiteral("broken.rpt"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("not a template");
+    file.close();
+
+    dialogs->saveChanges = QMessageBox::Discard;
+    dialogs->openName = path;
+    QVERIFY(!window->open());
+    QCOMPARE(dialogs->errors.value(0), QStringLiteral("无法打开模板 broken.rpt\n错误的文件格式"));
+    QCOMPARE(window->report(), current); // the document in the window stays
+
+    QVERIFY(!window->openFile(dir.filePath(QStringLiteral("missing.rpt"))));
+    QVERIFY(dialogs->errors.value(1).startsWith(QStringLiteral("无法打开模板 missing.rpt\n")));
+    QCOMPARE(dialogs->errors.size(), 2);
 }
 
 QTEST_MAIN(tst_Designer)
