@@ -189,9 +189,13 @@ void DesignerWindow::createDocks()
         addDockWidget(area, dock);
         return dock;
     };
-    addDock(m_palette, tr("工具箱"), QStringLiteral("toolDock"), Qt::LeftDockWidgetArea);
-    addDock(m_geometry, tr("位置和大小"), QStringLiteral("geometryDock"), Qt::RightDockWidgetArea);
-    addDock(m_undoView, tr("操作历史"), QStringLiteral("historyDock"), Qt::RightDockWidgetArea);
+    QDockWidget* tools = addDock(m_palette, tr("工具箱"), QStringLiteral("toolDock"), Qt::LeftDockWidgetArea);
+    QDockWidget* geometry =
+        addDock(m_geometry, tr("位置和大小"), QStringLiteral("geometryDock"), Qt::RightDockWidgetArea);
+    QDockWidget* history =
+        addDock(m_undoView, tr("操作历史"), QStringLiteral("historyDock"), Qt::RightDockWidgetArea);
+    resizeDocks({tools, geometry}, {200, 240}, Qt::Horizontal);
+    resizeDocks({geometry, history}, {170, 600}, Qt::Vertical);
     m_undoView->setEmptyLabel(tr("<空>"));
 }
 
