@@ -7,9 +7,11 @@
 #include "pageview.h"
 #include "recentfiles.h"
 #include "reporteditor.h"
+#include "templatepreview.h"
 #include "toolpalette.h"
 
 #include <commands.h>
+#include <core/profile.h>
 #include <itemfactory.h>
 #include <report.h>
 
@@ -17,6 +19,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDir>
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QLabel>
@@ -104,6 +107,8 @@ void DesignerWindow::createActions()
             &DesignerWindow::pageSetup);
     connect(addAction(QStringLiteral("workspace"), tr("选择工作区(&W)...")), &QAction::triggered, this,
             &DesignerWindow::chooseWorkspace);
+    connect(addAction(QStringLiteral("preview"), tr("打印预览(&V)..."), QKeySequence(Qt::CTRL | Qt::Key_P)),
+            &QAction::triggered, this, &DesignerWindow::preview);
     connect(addAction(QStringLiteral("close"), tr("退出(&X)"), QKeySequence::Quit), &QAction::triggered, this,
             &QWidget::close);
 
@@ -148,6 +153,7 @@ void DesignerWindow::createMenus()
     file->addSeparator();
     file->addAction(action(QStringLiteral("pageSetup")));
     file->addAction(action(QStringLiteral("workspace")));
+    file->addAction(action(QStringLiteral("preview")));
     file->addSeparator();
     file->addAction(action(QStringLiteral("close")));
 
@@ -165,16 +171,20 @@ void DesignerWindow::createMenus()
     QToolBar* main = addToolBar(tr("文件"));
     main->setObjectName(QStringLiteral("fileToolBar"));
     for (const char* name : {"new", "open", "save", "", "undo", "redo", "", "cut", "copy", "paste", "delete",
-                             "", "fitPage", "actualSize"}) {
+                             "", "fitPage", "actualSize", "", "preview"}) {
         if (*name)
             main->addAction(action(QLatin1String(name)));
         else
             main->addSeparator();
     }
     const std::pair<const char*, QStyle::StandardPixmap> icons[] = {
-        {"new", QStyle::SP_FileIcon},          {"open", QStyle::SP_DialogOpenButton},
-        {"save", QStyle::SP_DialogSaveButton}, {"undo", QStyle::SP_ArrowBack},
-        {"redo", QStyle::SP_ArrowForward},     {"delete", QStyle::SP_TrashIcon}};
+        {"new", QStyle::SP_FileIcon},
+        {"open", QStyle::SP_DialogOpenButton},
+        {"save", QStyle::SP_DialogSaveButton},
+        {"undo", QStyle::SP_ArrowBack},
+        {"redo", QStyle::SP_ArrowForward},
+        {"delete", QStyle::SP_TrashIcon},
+        {"preview", QStyle::SP_FileDialogContentsView}};
     for (const auto& [name, pixmap] : icons)
         action(QLatin1String(name))->setIcon(style()->standardIcon(pixmap));
 }
@@ -384,6 +394,24 @@ void DesignerWindow::chooseWorkspace()
     const QString directory = m_dialogs->workspaceDirectory(this, m_workspace);
     if (!directory.isEmpty())
         m_workspace = directory;
+}
+
+bool DesignerWindow::preview()
+{
+    const QString ini = QDir(m_workspace).filePath(workspaceProfileName());
+    if (!QFileInfo(ini).isFile()) {
+        m_dialogs->showError(this, tr("工作区 %1 中没有配置文件 %2")
+                                       .arg(QDir::toNativeSeparators(QDir(m_workspace).absolutePath()),
+                                            workspaceProfileName()));
+        return false;
+    }
+    Profile profile(ini);
+    TemplatePreview preview(&profile);
+    if (!preview.show(m_report, this)) {
+        m_dialogs->showError(this, preview.errorString());
+        return false;
+    }
+    return true;
 }
 
 void DesignerWindow::closeEvent(QCloseEvent* event)

@@ -70,6 +70,8 @@ public Q_SLOTS:
     bool saveFile(const QString& fileName);
     bool pageSetup();
     void chooseWorkspace();
+    // Print preview of the template filled with the workspace's data.
+    bool preview();
 
 Q_SIGNALS:
     void reportChanged(coagulation::Report* report);

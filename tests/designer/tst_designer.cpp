@@ -10,6 +10,7 @@
 #include <toolpalette.h>
 
 #include <commands.h>
+#include <core/dialogdriver.h>
 #include <core/profile.h>
 #include <drawingitems.h>
 #include <itemfactory.h>
@@ -24,6 +25,8 @@
 #include <QDoubleSpinBox>
 #include <QFontComboBox>
 #include <QMimeData>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QRadioButton>
 #include <QSpinBox>
 #include <QSqlQuery>
@@ -115,6 +118,7 @@ private Q_SLOTS:
     void pageSetupDialog();
     void zoom();
     void previewDataFromWorkspace();
+    void previewThroughPlugin();
 
 private:
     ReportTextItem* addText(const QString& text, const QPointF& pos);
@@ -735,6 +739,53 @@ void tst_Designer::openErrorShowsReportText()
     QVERIFY(!window->openFile(dir.filePath(QStringLiteral("missing.rpt"))));
     QVERIFY(dialogs->errors.value(1).startsWith(QStringLiteral("无法打开模板 missing.rpt\n")));
     QCOMPARE(dialogs->errors.size(), 2);
+}
+
+void tst_Designer::previewThroughPlugin()
+{
+    // Without a workspace the user hears why nothing is shown.
+    window->setWorkspaceDirectory(dir.filePath(QStringLiteral("nowhere")));
+    QVERIFY(!window->preview());
+    QVERIFY(dialogs->errors.value(0).contains(QStringLiteral("profile.ini")));
+
+    const QString folder = dir.filePath(QStringLiteral("workspace"));
+    QVERIFY(QDir().mkpath(folder));
+    {
+        Profile lab(QDir(folder).filePath(QStringLiteral("profile.ini")));
+        LabDatabaseGenerator generator(&lab, 3);
+        generator.setPatientCount(8);
+        generator.setQcPointCount(10);
+        QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
+    }
+    window->setWorkspaceDirectory(folder);
+    addText(QStringLiteral("凝血检验报告单"), QPointF(100, 40));
+    ReportItem* name = factory->create(QStringLiteral("field:/patient/name"));
+    name->setKey(QStringLiteral("field:/patient/name"));
+    name->graphicsItem()->setPos(100, 100);
+    stack()->push(new NewCommand(window->report(), name));
+
+    int pages = -1;
+    QString title;
+    DialogDriver::setHandler([&](QDialog* dialog) {
+        if (auto* preview = qobject_cast<QPrintPreviewDialog*>(dialog)) {
+            auto* widget = preview->findChild<QPrintPreviewWidget*>();
+            widget->updatePreview();
+            pages = widget->pageCount();
+        }
+        title = dialog->metaObject()->className();
+        return int(QDialog::Rejected);
+    });
+    const bool shown = window->preview();
+    DialogDriver::clear();
+    QVERIFY(shown);
+    QCOMPARE(title, QStringLiteral("QPrintPreviewDialog"));
+    QCOMPARE(pages, PreviewData::patientCount);          // one page per patient
+    QCOMPARE(window->report()->reportItems().size(), 2); // the designer's document is untouched
+    QCOMPARE(window->report()->currentPage(), 1);
+
+    // The template was handed over for this preview only; the workspace remembers nothing of it.
+    Profile after(QDir(folder).filePath(QStringLiteral("profile.ini")));
+    QVERIFY(after.value(QStringLiteral("report/template")).toString().isEmpty());
 }
 
 QTEST_MAIN(tst_Designer)
