@@ -248,55 +248,52 @@ void FormatToolBar::setAlignment(Qt::Alignment alignment)
     });
 }
 
+void FormatToolBar::changePen(const QString& text, const std::function<void(QPen&)>& change)
+{
+    m_editor->pushForEach(m_editor->selectedItems(), text, [&](ReportItem* item, QUndoCommand* parent) {
+        QPen pen = item->pen();
+        change(pen);
+        return new PenCommand(item, pen, parent);
+    });
+}
+
+void FormatToolBar::changeBrush(const QString& text, const std::function<void(QBrush&)>& change)
+{
+    m_editor->pushForEach(m_editor->selectedItems(), text, [&](ReportItem* item, QUndoCommand* parent) {
+        QBrush brush = item->brush();
+        change(brush);
+        return new BrushCommand(item, brush, parent);
+    });
+}
+
 void FormatToolBar::setPenColor(const QColor& color)
 {
-    m_editor->pushForEach(m_editor->selectedItems(), tr("线条颜色"),
-                          [&](ReportItem* item, QUndoCommand* parent) {
-                              QPen pen = item->pen();
-                              pen.setColor(color);
-                              return new PenCommand(item, pen, parent);
-                          });
+    changePen(tr("线条颜色"), [&](QPen& pen) { pen.setColor(color); });
 }
 
 void FormatToolBar::setPenWidth(int width)
 {
-    m_editor->pushForEach(m_editor->selectedItems(), tr("线宽"), [&](ReportItem* item, QUndoCommand* parent) {
-        QPen pen = item->pen();
-        pen.setWidth(width);
-        return new PenCommand(item, pen, parent);
-    });
+    changePen(tr("线宽"), [&](QPen& pen) { pen.setWidth(width); });
 }
 
 void FormatToolBar::setPenStyle(Qt::PenStyle style)
 {
-    m_editor->pushForEach(m_editor->selectedItems(), tr("线型"), [&](ReportItem* item, QUndoCommand* parent) {
-        QPen pen = item->pen();
-        pen.setStyle(style);
-        return new PenCommand(item, pen, parent);
-    });
+    changePen(tr("线型"), [&](QPen& pen) { pen.setStyle(style); });
 }
 
 void FormatToolBar::setBrushColor(const QColor& color)
 {
-    m_editor->pushForEach(m_editor->selectedItems(), tr("填充颜色"),
-                          [&](ReportItem* item, QUndoCommand* parent) {
-                              QBrush brush = item->brush();
-                              brush.setColor(color);
-                              // A colour on an empty brush would stay invisible; choosing one means "fill".
-                              if (brush.style() == Qt::NoBrush)
-                                  brush.setStyle(Qt::SolidPattern);
-                              return new BrushCommand(item, brush, parent);
-                          });
+    changeBrush(tr("填充颜色"), [&](QBrush& brush) {
+        brush.setColor(color);
+        // A colour on an empty brush would stay invisible; choosing one means "fill".
+        if (brush.style() == Qt::NoBrush)
+            brush.setStyle(Qt::SolidPattern);
+    });
 }
 
 void FormatToolBar::setBrushStyle(Qt::BrushStyle style)
 {
-    m_editor->pushForEach(m_editor->selectedItems(), tr("填充样式"),
-                          [&](ReportItem* item, QUndoCommand* parent) {
-                              QBrush brush = item->brush();
-                              brush.setStyle(style);
-                              return new BrushCommand(item, brush, parent);
-                          });
+    changeBrush(tr("填充样式"), [&](QBrush& brush) { brush.setStyle(style); });
 }
 
 void FormatToolBar::choosePenColor()

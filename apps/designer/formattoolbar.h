@@ -56,6 +56,8 @@ public Q_SLOTS:
     void setBrushStyle(Qt::BrushStyle style);
 
 private:
+    void changePen(const QString& text, const std::function<void(QPen&)>& change);
+    void changeBrush(const QString& text, const std::function<void(QBrush&)>& change);
     void choosePenColor();
     void chooseBrushColor();
     void showColor(QToolButton* button, const QColor& color);
