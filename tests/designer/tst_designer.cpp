@@ -24,6 +24,7 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QFontComboBox>
+#include <QMenu>
 #include <QMimeData>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
@@ -110,6 +111,7 @@ private Q_SLOTS:
     void deleteSelection();
     void saveReopenCompare();
     void openErrorShowsReportText();
+    void recentFiles();
     void nudgeWithArrowKeys_data();
     void nudgeWithArrowKeys();
     void positionAndSizeFields();
@@ -786,6 +788,33 @@ void tst_Designer::previewThroughPlugin()
     // The template was handed over for this preview only; the workspace remembers nothing of it.
     Profile after(QDir(folder).filePath(QStringLiteral("profile.ini")));
     QVERIFY(after.value(QStringLiteral("report/template")).toString().isEmpty());
+}
+
+void tst_Designer::recentFiles()
+{
+    QMenu menu;
+    RecentFiles recent(&menu);
+    for (const QString& name : recent.files())
+        recent.remove(name);
+    QVERIFY(!menu.isEnabled());
+    for (int i = 0; i < 10; ++i)
+        recent.add(dir.filePath(QStringLiteral("t%1.rpt").arg(i)));
+    QStringList files = recent.files();
+    QCOMPARE(files.size(), RecentFiles::maximum);
+    QCOMPARE(QFileInfo(files.first()).fileName(), QStringLiteral("t9.rpt"));
+    QCOMPARE(QFileInfo(files.last()).fileName(), QStringLiteral("t2.rpt"));
+    recent.add(dir.filePath(QStringLiteral("t5.rpt"))); // opened again: first, not twice
+    files = recent.files();
+    QCOMPARE(files.size(), RecentFiles::maximum);
+    QCOMPARE(QFileInfo(files.first()).fileName(), QStringLiteral("t5.rpt"));
+    QCOMPARE(files.count(files.first()), 1);
+
+    QCOMPARE(menu.actions().size(), RecentFiles::maximum);
+    QSignalSpy chosen(&recent, &RecentFiles::chosen);
+    menu.actions().at(1)->trigger();
+    QCOMPARE(chosen.value(0).value(0).toString(), files.at(1));
+    recent.remove(files.at(1));
+    QCOMPARE(menu.actions().size(), RecentFiles::maximum - 1);
 }
 
 QTEST_MAIN(tst_Designer)
