@@ -393,12 +393,18 @@ void TestItemCreator::prepareAcceptReject()
     QCOMPARE(finished.count(), 1);
     QCOMPARE(finished.at(0).at(0).value<ReportItem*>(), nullptr);
 
+    auto* existing = new ReportRectItem;
+    report.addItem(existing);
+    existing->setSelected(true);
     auto* first = new ReportRectItem;
     first->setKey(QStringLiteral("old"));
     creator.prepare(first);
     QCOMPARE(first->key(), QString()); // a tool without keys gives an empty key
     QCOMPARE(created.count(), 1);
     QCOMPARE(first->scene(), &report);
+    // The new item becomes the only selection.
+    QCOMPARE(report.selectedItems(), QList<QGraphicsItem*>{first});
+    delete existing;
 
     auto* second = new ReportRectItem;
     creator.prepare(second); // drops the first
