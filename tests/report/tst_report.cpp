@@ -16,6 +16,7 @@ private Q_SLOTS:
     void sceneRect_data();
     void sceneRect();
     void customPageSize();
+    void resolutionPerAxis();
     void snapGrid_data();
     void snapGrid();
     void snapAngle_data();
@@ -73,6 +74,31 @@ void tst_Report::customPageSize()
     report.setPageSize(QPageSize::A5);
     QCOMPARE(report.pageSizeF(), QSizeF(148, 210));
     QCOMPARE(report.pageSize(), QPageSize::A5);
+}
+
+// Each axis has its own resolution; only a loaded template changes them.
+void tst_Report::resolutionPerAxis()
+{
+    Report source(nullptr, nullptr);
+    source.setType(kv::PatientReport);
+    source.setOrientation(QPageLayout::Landscape);
+    QByteArray bytes;
+    {
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        QVERIFY(source.save(out));
+    }
+    {
+        QDataStream patch(&bytes, QIODevice::ReadWrite);
+        patch.device()->seek(5); // after the type tag and the format version
+        patch << qint32(150) << qint32(300);
+    }
+    Report report(nullptr, nullptr);
+    QDataStream in(bytes);
+    QVERIFY2(report.load(in), qPrintable(report.errorString()));
+    QCOMPARE(report.dpiX(), 150);
+    QCOMPARE(report.dpiY(), 300);
+    QCOMPARE(report.pageSizeF(), QSizeF(210, 297));
+    QCOMPARE(report.sceneRect(), QRectF(0, 0, 297 * 150 / 25.4, 210 * 300 / 25.4));
 }
 
 void tst_Report::snapGrid_data()
