@@ -112,6 +112,7 @@ private Q_SLOTS:
     void pickMachines();
     void dragCreatesOneItem();
     void clickCommitsZeroSizeItem();
+    void refusedPickIsDropped();
     void otherButtonsPassThrough();
     void snapping_data();
     void snapping();
@@ -226,6 +227,36 @@ void TestItemCreator::clickCommitsZeroSizeItem()
     ReportRectItem* item = onlyRect(report);
     QVERIFY(item);
     QCOMPARE(item->rect(), QRectF(70, 70, 0, 0));
+    QCOMPARE(report.undoStack()->count(), 1);
+}
+
+// A tool that keeps only picks of some size.
+class SizedRectCreator : public TestCreator<ReportRectItem>
+{
+protected:
+    bool accept(const QPolygonF& selection) const override
+    {
+        return selection.boundingRect().width() >= 20 && selection.boundingRect().height() >= 20;
+    }
+};
+
+void TestItemCreator::refusedPickIsDropped()
+{
+    Report report(nullptr, nullptr);
+    report.setDesignMode(true);
+    test::ViewDriver driver(&report);
+    SizedRectCreator creator;
+    QSignalSpy finished(&creator, &ReportItemCreator::finished);
+    creator.enter(&driver.view);
+
+    driver.drag({50, 50}, {61, 90}); // 10 wide after snapping: refused
+    QVERIFY(report.reportItems().isEmpty());
+    QCOMPARE(report.undoStack()->count(), 0);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(finished.at(0).at(0).value<ReportItem*>(), nullptr);
+
+    driver.drag({50, 50}, {81, 90});
+    QVERIFY(onlyRect(report));
     QCOMPARE(report.undoStack()->count(), 1);
 }
 

@@ -330,6 +330,7 @@ void TestTrackers::otherButtonsStartNoDrag()
 
     // No command was started either: a later left drag records the shape it starts from.
     rect->setGeometry({QPointF(50, 50), QPointF(170, 120)});
+    QCOMPARE(d.handlePos(4), QPointF(170, 120)); // the handles follow the new shape
     d.driver.drag(d.handlePos(4), {200, 200});
     QCOMPARE(d.steps(), 1);
     d.report.undo();
@@ -385,6 +386,11 @@ void TestTrackers::textWidthHandles()
     const QRectF bounds = text->boundingRect();
     QVERIFY(!d.handle(2)->graphicsItem()->isVisible()); // automatic width
     QCOMPARE(d.handlePos(1), QPointF(100 + bounds.right(), 100 + bounds.center().y()));
+    // A longer text widens the item, and the handles go with it.
+    text->setPlainText(QStringLiteral("Hello report, longer"));
+    QVERIFY(text->boundingRect().width() > bounds.width());
+    QCOMPARE(d.handlePos(1).x(), 100 + text->boundingRect().right());
+    text->setPlainText(QStringLiteral("Hello report"));
 
     // The right handle fixes the width and shows the auto-size handle.
     const QPointF right = d.handlePos(1);
