@@ -6,6 +6,7 @@
 #include <reportitemcreator.h>
 
 #include <QGraphicsSceneMouseEvent>
+#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QtTest>
 #include <QUndoStack>
@@ -113,6 +114,7 @@ private Q_SLOTS:
     void dragCreatesOneItem();
     void clickCommitsZeroSizeItem();
     void refusedPickIsDropped();
+    void metaObjectInterface();
     void otherButtonsPassThrough();
     void snapping_data();
     void snapping();
@@ -258,6 +260,23 @@ void TestItemCreator::refusedPickIsDropped()
     driver.drag({50, 50}, {81, 90});
     QVERIFY(onlyRect(report));
     QCOMPARE(report.undoStack()->count(), 1);
+}
+
+// The host connects to the tool by name: signals first, then the public slots, in this order.
+void TestItemCreator::metaObjectInterface()
+{
+    const QMetaObject& meta = ReportItemCreator::staticMetaObject;
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod m = meta.method(i);
+        methods << QString::fromLatin1(m.methodSignature()) + (m.methodType() == QMetaMethod::Signal
+                                                                   ? QStringLiteral(" signal")
+                                                                   : QStringLiteral(" slot"));
+    }
+    QCOMPARE(methods, QStringList({"created(coagulation::ReportItem*) signal",
+                                   "finished(coagulation::ReportItem*) signal", "enter(QGraphicsView*) slot",
+                                   "leave() slot", "prepare(coagulation::ReportItem*) slot", "accept() slot",
+                                   "reject() slot", "finish() slot"}));
 }
 
 void TestItemCreator::otherButtonsPassThrough()

@@ -3,6 +3,7 @@
 #include <drawingitems.h>
 #include <report.h>
 
+#include <QMetaMethod>
 #include <QPrinter>
 #include <QTest>
 #include <QUndoStack>
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void snapAngle_data();
     void snapAngle();
     void typeName();
+    void metaObjectInterface();
     void setupPrinter();
     void moveIsSnappedAndRecordedOnce();
     void replayRecordsNothing();
@@ -166,6 +168,20 @@ void tst_Report::typeName()
     QCOMPARE(Report::typeName(kv::MaintenanceRecordReport), QStringLiteral("维护记录报告单"));
     QCOMPARE(Report::typeName(kv::NoReport), QString());
     QCOMPARE(Report::typeName(kv::ReportType(7)), QString());
+}
+
+void tst_Report::metaObjectInterface()
+{
+    const QMetaObject& meta = Report::staticMetaObject;
+    QCOMPARE(meta.className(), "coagulation::Report");
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod m = meta.method(i);
+        QCOMPARE(m.methodType(), QMetaMethod::Slot);
+        methods << QString::fromLatin1(m.methodSignature()) +
+                       (m.access() == QMetaMethod::Private ? QStringLiteral(" private") : QString());
+    }
+    QCOMPARE(methods, QStringList({"undo()", "redo()", "onSelectionChanged() private"}));
 }
 
 void tst_Report::setupPrinter()
