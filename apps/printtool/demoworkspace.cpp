@@ -14,8 +14,8 @@ namespace coagulation {
 
 QString DemoWorkspace::defaultTemplateSource()
 {
-    const QString installed =
-        QDir(QCoreApplication::applicationDirPath()).absoluteFilePath(QStringLiteral("../share/coagulation/templates"));
+    const QString installed = QDir(QCoreApplication::applicationDirPath())
+                                  .absoluteFilePath(QStringLiteral("../share/coagulation/templates"));
     if (QDir(installed).exists())
         return QDir::cleanPath(installed);
     return QStringLiteral(COAGULATION_SOURCE_TEMPLATES);
@@ -27,7 +27,8 @@ bool DemoWorkspace::create(const QString& folder, const QString& templateSource,
     const QDir dir(QDir(folder).absolutePath());
     const QDir templates(dir.filePath(QStringLiteral("templates")));
     if (!QDir().mkpath(templates.absolutePath())) {
-        *errorString = QStringLiteral("Cannot create the folder %1").arg(QDir::toNativeSeparators(templates.path()));
+        *errorString =
+            QStringLiteral("Cannot create the folder %1").arg(QDir::toNativeSeparators(templates.path()));
         return false;
     }
     const QDir source(templateSource.isEmpty() ? defaultTemplateSource() : templateSource);
@@ -43,8 +44,8 @@ bool DemoWorkspace::create(const QString& folder, const QString& templateSource,
         QFile file(source.filePath(fileName));
         if (!file.copy(target)) {
             *errorString = QStringLiteral("Cannot copy %1 to %2: %3")
-                               .arg(QDir::toNativeSeparators(file.fileName()), QDir::toNativeSeparators(target),
-                                    file.errorString());
+                               .arg(QDir::toNativeSeparators(file.fileName()),
+                                    QDir::toNativeSeparators(target), file.errorString());
             return false;
         }
     }

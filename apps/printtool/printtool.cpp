@@ -9,6 +9,7 @@
 #include <kvcore/maintenanceexportdata.h>
 #include <kvcore/pluginlocator.h>
 #include <kvcore/workspace.h>
+#include <reportprinter.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -111,7 +112,8 @@ int PrintTool::run(const ToolArguments& arguments)
 int PrintTool::createDemo(const ToolArguments& arguments)
 {
     QString error;
-    if (!DemoWorkspace::create(arguments.demoFolder, arguments.templateSource, arguments.demoPatients, &error))
+    if (!DemoWorkspace::create(arguments.demoFolder, arguments.templateSource, arguments.demoPatients,
+                               &error))
         return fail(error);
     say(QStringLiteral("Demo workspace: %1")
             .arg(QDir::toNativeSeparators(
@@ -152,8 +154,9 @@ bool PrintTool::chooseTemplate(const ToolArguments& arguments, DataStorage* prin
     }
     // Without a user to ask, a missing choice would end the job silently.
     if (workspace->profile()->value(key).toString().isEmpty() && !InformationLog::isInteractive()) {
-        fail(QStringLiteral("No template chosen for %1 (profile key %2); give --template NAME (there are: %3)")
-                 .arg(QString::fromLatin1(job.description), key, list));
+        fail(
+            QStringLiteral("No template chosen for %1 (profile key %2); give --template NAME (there are: %3)")
+                .arg(QString::fromLatin1(job.description), key, list));
         return false;
     }
     return true;
@@ -167,10 +170,13 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
     if (arguments.destination == ToolArguments::PdfFile) {
         outputFile = QFileInfo(arguments.outputFile).absoluteFilePath();
         if (!QDir().mkpath(QFileInfo(outputFile).absolutePath()))
-            return fail(QStringLiteral("Cannot create the folder of %1").arg(QDir::toNativeSeparators(outputFile)));
+            return fail(
+                QStringLiteral("Cannot create the folder of %1").arg(QDir::toNativeSeparators(outputFile)));
         QFile::remove(outputFile);
-        if (!printer->setProperty("outputFileName", outputFile))
+        auto* reportPrinter = qobject_cast<ReportPrinter*>(printer);
+        if (!reportPrinter)
             return fail(QStringLiteral("The report plug-in cannot write PDF files"));
+        reportPrinter->setOutputFileName(outputFile);
     }
 
     Profile* profile = workspace->profile();
@@ -189,7 +195,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
         const QStringList qcSamples = sources.qcSamples(ids);
         if (!qcSamples.isEmpty() && profile->value(QStringLiteral("report/qc")).toString().isEmpty() &&
             !InformationLog::isInteractive())
-            fail(QStringLiteral("No template chosen for QC samples (profile key report/qc): %1 will be left out")
+            fail(QStringLiteral(
+                     "No template chosen for QC samples (profile key report/qc): %1 will be left out")
                      .arg(qcSamples.join(QStringLiteral(", "))));
         stored = printer->store(ids, profile->dataDatabase(), mode);
         break;

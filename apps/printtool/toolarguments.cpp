@@ -149,9 +149,12 @@ bool ToolArguments::parse(const QStringList& arguments)
     if (positional.isEmpty())
         return fail(QStringLiteral("No command given"));
     static const QList<QPair<QString, Command>> commands = {
-        {QStringLiteral("patients"), Patients}, {QStringLiteral("samples"), Samples},
-        {QStringLiteral("qc"), Qc},             {QStringLiteral("maintenance"), Maintenance},
-        {QStringLiteral("templates"), Templates}, {QStringLiteral("demo"), Demo},
+        {QStringLiteral("patients"), Patients},
+        {QStringLiteral("samples"), Samples},
+        {QStringLiteral("qc"), Qc},
+        {QStringLiteral("maintenance"), Maintenance},
+        {QStringLiteral("templates"), Templates},
+        {QStringLiteral("demo"), Demo},
     };
     const QString name = positional.takeFirst();
     for (const auto& entry : commands) {

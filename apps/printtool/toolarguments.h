@@ -25,15 +25,15 @@ public:
     QString templateDirectory; // empty: the profile's
     QString templateName;      // empty: the remembered one
     QString outputFile;
-    QList<qint64> ids;         // patients or reagents
+    QList<qint64> ids; // patients or reagents
     QStringList sampleNumbers;
-    QDate from;                // QC range, open when invalid
+    QDate from; // QC range, open when invalid
     QDate to;
-    QDate month;               // maintenance, first day of the month
-    qint64 workbenchId = 0;    // 0: the first workbench
+    QDate month;            // maintenance, first day of the month
+    qint64 workbenchId = 0; // 0: the first workbench
     QString demoFolder;
     int demoPatients = 200;
-    QString templateSource;    // demo: where the default templates are copied from
+    QString templateSource; // demo: where the default templates are copied from
 
 private:
     bool fail(const QString& message);

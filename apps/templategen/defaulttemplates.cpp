@@ -20,9 +20,10 @@ const QList<DefaultTemplate>& DefaultTemplates::all()
          &Layouts::patientReport},
         {QStringLiteral("质控样本报告单"), kv::PatientReport, QStringLiteral("report/qc"),
          &Layouts::qcSampleReport},
-        {QStringLiteral("室内质控报告"), kv::QcReport, QStringLiteral("report/qctemplate"), &Layouts::qcReport},
-        {QStringLiteral("维护保养记录"), kv::MaintenanceRecordReport, QStringLiteral("report/maintenanceRecord"),
-         &Layouts::maintenanceReport},
+        {QStringLiteral("室内质控报告"), kv::QcReport, QStringLiteral("report/qctemplate"),
+         &Layouts::qcReport},
+        {QStringLiteral("维护保养记录"), kv::MaintenanceRecordReport,
+         QStringLiteral("report/maintenanceRecord"), &Layouts::maintenanceReport},
     };
     return list;
 }
@@ -60,17 +61,20 @@ bool DefaultTemplates::writeAll(const QString& directory, QString* errorString)
         build(entry, &report);
         QSaveFile file(dir.filePath(entry.name + QLatin1Char('.') + Report::suffix));
         if (!file.open(QIODevice::WriteOnly)) {
-            *errorString = QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file.fileName()), file.errorString());
+            *errorString =
+                QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file.fileName()), file.errorString());
             return false;
         }
         QDataStream out(&file);
         if (!report.save(out)) {
-            *errorString = QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file.fileName()), report.errorString());
+            *errorString =
+                QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file.fileName()), report.errorString());
             file.cancelWriting();
             return false;
         }
         if (out.status() != QDataStream::Ok || !file.commit()) {
-            *errorString = QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file.fileName()), file.errorString());
+            *errorString =
+                QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file.fileName()), file.errorString());
             return false;
         }
     }

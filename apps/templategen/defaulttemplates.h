@@ -13,7 +13,7 @@ class TemplateBuilder;
 // One of the templates a new installation starts with.
 struct DefaultTemplate
 {
-    QString name;       // base name of the template file
+    QString name; // base name of the template file
     kv::ReportType type;
     QString settingKey; // profile key under which the printer remembers the choice
     void (*build)(TemplateBuilder& builder);

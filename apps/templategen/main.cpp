@@ -18,9 +18,11 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("coagulation-templategen"));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Writes the default report templates (*.rpt) into a folder."));
+    parser.setApplicationDescription(
+        QStringLiteral("Writes the default report templates (*.rpt) into a folder."));
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("folder"), QStringLiteral("Target folder (default: templates)"));
+    parser.addPositionalArgument(QStringLiteral("folder"),
+                                 QStringLiteral("Target folder (default: templates)"));
     parser.process(app);
     const QStringList args = parser.positionalArguments();
     if (args.size() > 1) {

@@ -28,8 +28,8 @@ void footer(TemplateBuilder& builder)
     builder.text(QStringLiteral("打印日期："), QPointF(margin, y + 4), label);
     builder.prop(QStringLiteral("date"), QStringLiteral("[打印日期]"), QPointF(margin + 62, y + 4), label);
     builder.text(QStringLiteral("打印时间："), QPointF(margin + width / 2 - 90, y + 4), label);
-    builder.prop(QStringLiteral("time"), QStringLiteral("[打印时间]"), QPointF(margin + width / 2 - 28, y + 4),
-                 label);
+    builder.prop(QStringLiteral("time"), QStringLiteral("[打印时间]"),
+                 QPointF(margin + width / 2 - 28, y + 4), label);
     builder.text(QStringLiteral("页码："), QPointF(margin + width - 100, y + 4), label);
     builder.prop(QStringLiteral("page"), QStringLiteral("1/1"), QPointF(margin + width - 62, y + 4), label);
 }

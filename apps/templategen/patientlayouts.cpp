@@ -13,8 +13,8 @@ using PageFurniture::margin;
 using PageFurniture::columnX;
 constexpr double rowStep = 26;
 
-void labelled(TemplateBuilder& builder, const QString& label, const QString& column, int gridColumn,
-              double y, double labelWidth, int span = 1)
+void labelled(TemplateBuilder& builder, const QString& label, const QString& column, int gridColumn, double y,
+              double labelWidth, int span = 1)
 {
     const double width = columnX[gridColumn + span] - columnX[gridColumn];
     builder.labelledField(label, QStringLiteral("patient"), column, QPointF(columnX[gridColumn], y),

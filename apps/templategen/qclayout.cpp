@@ -16,8 +16,8 @@ void labelledField(TemplateBuilder& builder, const QString& label, const QString
                    double y, double labelWidth, int span = 1)
 {
     const double width = columnX[gridColumn + span] - columnX[gridColumn];
-    builder.labelledField(label, QStringLiteral("reagent"), column, QPointF(columnX[gridColumn], y), labelWidth,
-                          width - labelWidth);
+    builder.labelledField(label, QStringLiteral("reagent"), column, QPointF(columnX[gridColumn], y),
+                          labelWidth, width - labelWidth);
 }
 
 void labelledProp(TemplateBuilder& builder, const QString& label, const QString& name, const QString& sample,
@@ -52,7 +52,8 @@ void resultTable(TemplateBuilder& builder, const QRectF& area)
     for (GraphicsTableItem* block : blocks)
         builder.columnCaptions(captions, widths, flags, area.topLeft() + QPointF(block->pos().x(), 0),
                                block->spacing(), 13);
-    builder.line(QLineF(area.left(), area.top() + captionHeight, area.right(), area.top() + captionHeight), 1.0);
+    builder.line(QLineF(area.left(), area.top() + captionHeight, area.right(), area.top() + captionHeight),
+                 1.0);
 }
 
 } // namespace
@@ -65,13 +66,14 @@ void Layouts::qcReport(TemplateBuilder& builder)
     labelledField(builder, QStringLiteral("批号："), QStringLiteral("lot"), 2, y, 52);
     labelledField(builder, QStringLiteral("水平："), QStringLiteral("level"), 3, y, 52);
     y += rowStep;
-    labelledProp(builder, QStringLiteral("检测项目："), QStringLiteral("qc/item"), QStringLiteral("[PT]"), 0, y,
-                 80);
+    labelledProp(builder, QStringLiteral("检测项目："), QStringLiteral("qc/item"), QStringLiteral("[PT]"), 0,
+                 y, 80);
     labelledProp(builder, QStringLiteral("缩写："), QStringLiteral("qc/abbr"), QStringLiteral("[PT-S]"), 1, y,
                  52);
-    labelledProp(builder, QStringLiteral("单位："), QStringLiteral("qc/unit"), QStringLiteral("[s]"), 2, y, 52);
-    labelledProp(builder, QStringLiteral("质控文件号："), QStringLiteral("qc/fileno"), QStringLiteral("[QC01]"),
-                 3, y, 94);
+    labelledProp(builder, QStringLiteral("单位："), QStringLiteral("qc/unit"), QStringLiteral("[s]"), 2, y,
+                 52);
+    labelledProp(builder, QStringLiteral("质控文件号："), QStringLiteral("qc/fileno"),
+                 QStringLiteral("[QC01]"), 3, y, 94);
     y += rowStep;
     labelledField(builder, QStringLiteral("生产厂家："), QStringLiteral("manufacturer"), 0, y, 80, 2);
     labelledField(builder, QStringLiteral("有效期："), QStringLiteral("expiry"), 2, y, 66, 2);

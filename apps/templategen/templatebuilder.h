@@ -44,7 +44,8 @@ public:
     // A print-job or QC property; `placeholder` is what the designer shows until it is printed.
     ReportTextItem* prop(const QString& name, const QString& placeholder, const QPointF& pos,
                          const TextStyle& style = TextStyle());
-    ReportTextItem* profileValue(const QString& name, const QPointF& pos, const TextStyle& style = TextStyle());
+    ReportTextItem* profileValue(const QString& name, const QPointF& pos,
+                                 const TextStyle& style = TextStyle());
     // A label followed by a field, e.g. "姓名：" and the patient's name.
     void labelledField(const QString& label, const QString& table, const QString& column, const QPointF& pos,
                        double labelWidth, double fieldWidth, int pixelSize = 14);
@@ -62,7 +63,8 @@ public:
                         const QPointF& pos, double spacing, int pixelSize = 14);
 
 private:
-    ReportTextItem* styled(ReportTextItem* item, const QString& key, const QPointF& pos, const TextStyle& style);
+    ReportTextItem* styled(ReportTextItem* item, const QString& key, const QPointF& pos,
+                           const TextStyle& style);
 
     Report* m_report;
 };

@@ -82,8 +82,8 @@ private:
 void TestPrintTool::initTestCase()
 {
     QVERIFY(m_dir.isValid());
-    const Run run = runTool({QStringLiteral("demo"), path(QStringLiteral("demo")), QStringLiteral("--patients"),
-                             QStringLiteral("40")});
+    const Run run = runTool({QStringLiteral("demo"), path(QStringLiteral("demo")),
+                             QStringLiteral("--patients"), QStringLiteral("40")});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QVERIFY2(run.out.contains(QDir::toNativeSeparators(profile())), qPrintable(run.out));
 }
@@ -104,8 +104,9 @@ void TestPrintTool::demoWorkspaceRemembersTheTemplates()
 void TestPrintTool::patientReportsGivePagePerPatient()
 {
     const QString pdf = path(QStringLiteral("out/patients.pdf"));
-    const Run run = runTool({QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("2"),
-                             QStringLiteral("4"), QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
+    const Run run =
+        runTool({QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("4"),
+                 QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QVERIFY(run.out.contains(QDir::toNativeSeparators(pdf)));
     QCOMPARE(pdfPageCount(pdf), 3);
@@ -130,8 +131,8 @@ void TestPrintTool::samplesArePrintedBySampleNumber()
         sampleNo = query.value(0).toString();
     }
     const QString pdf = path(QStringLiteral("out/sample.pdf"));
-    const Run run =
-        runTool({QStringLiteral("samples"), sampleNo, QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
+    const Run run = runTool(
+        {QStringLiteral("samples"), sampleNo, QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QCOMPARE(pdfPageCount(pdf), 1);
 }
@@ -170,8 +171,9 @@ void TestPrintTool::qcReportPagesFollowTheResultTable()
 void TestPrintTool::maintenanceReportIsOnePage()
 {
     const QString pdf = path(QStringLiteral("out/maintenance.pdf"));
-    const Run run = runTool({QStringLiteral("maintenance"), QStringLiteral("--month"), QStringLiteral("2024-06"),
-                             QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
+    const Run run =
+        runTool({QStringLiteral("maintenance"), QStringLiteral("--month"), QStringLiteral("2024-06"),
+                 QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QCOMPARE(pdfPageCount(pdf), 1);
 }
@@ -202,25 +204,24 @@ void TestPrintTool::badArgumentsAreRefused_data()
                                << QStringLiteral("'12a' is not a patient id");
     QTest::newRow("no profile") << QStringList{QStringLiteral("patients"), QStringLiteral("1")}
                                 << QStringLiteral("needs a profile");
-    QTest::newRow("two destinations")
-        << QStringList{QStringLiteral("qc"), p, QStringLiteral("-o"), QStringLiteral("a.pdf"),
-                       QStringLiteral("--preview")}
-        << QStringLiteral("Give only one of --output, --dialog and --preview");
+    QTest::newRow("two destinations") << QStringList{QStringLiteral("qc"), p, QStringLiteral("-o"),
+                                                     QStringLiteral("a.pdf"), QStringLiteral("--preview")}
+                                      << QStringLiteral("Give only one of --output, --dialog and --preview");
     QTest::newRow("bad month") << QStringList{QStringLiteral("maintenance"), p, QStringLiteral("--month"),
                                               QStringLiteral("2024-13")}
                                << QStringLiteral("--month '2024-13' is not a month");
     QTest::newRow("no month") << QStringList{QStringLiteral("maintenance"), p}
                               << QStringLiteral("needs --month");
-    QTest::newRow("reversed range") << QStringList{QStringLiteral("qc"), p, QStringLiteral("--from"),
-                                                   QStringLiteral("2024-06-30"), QStringLiteral("--to"),
-                                                   QStringLiteral("2024-06-01")}
+    QTest::newRow("reversed range") << QStringList{QStringLiteral("qc"),     p,
+                                                   QStringLiteral("--from"), QStringLiteral("2024-06-30"),
+                                                   QStringLiteral("--to"),   QStringLiteral("2024-06-01")}
                                     << QStringLiteral("--from 2024-06-30 lies after --to 2024-06-01");
     QTest::newRow("option of another command")
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), p, QStringLiteral("--month"),
                        QStringLiteral("2024-06")}
         << QStringLiteral("--month does not apply to the command 'patients'");
-    QTest::newRow("demo without folder") << QStringList{QStringLiteral("demo")}
-                                         << QStringLiteral("needs exactly one folder");
+    QTest::newRow("demo without folder")
+        << QStringList{QStringLiteral("demo")} << QStringLiteral("needs exactly one folder");
 }
 
 void TestPrintTool::badArgumentsAreRefused()
@@ -246,11 +247,13 @@ void TestPrintTool::missingDataFailsClearly_data()
                                      << QStringLiteral("No reagent with id 999");
     QTest::newRow("unknown workbench")
         << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"), QStringLiteral("2024-06"),
-                       QStringLiteral("--workbench"), QStringLiteral("9")} + pdf
+                       QStringLiteral("--workbench"), QStringLiteral("9")} +
+               pdf
         << QStringLiteral("No workbench with id 9");
     QTest::newRow("unknown template")
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--template"),
-                       QStringLiteral("无此模板")} + pdf
+                       QStringLiteral("无此模板")} +
+               pdf
         << QStringLiteral("No template '无此模板' for patient result reports");
     QTest::newRow("preview without display")
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--preview")}

@@ -92,9 +92,9 @@ void TestTemplates::templatesLoadWithTheirItems_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("type");
     QTest::addColumn<QStringList>("keys");
-    const QStringList common = {QStringLiteral("profile:/hospital"), QStringLiteral("prop:/date"),
-                                QStringLiteral("prop:/time"), QStringLiteral("prop:/page"),
-                                QStringLiteral("Text"), QStringLiteral("Line")};
+    const QStringList common = {
+        QStringLiteral("profile:/hospital"), QStringLiteral("prop:/date"), QStringLiteral("prop:/time"),
+        QStringLiteral("prop:/page"),        QStringLiteral("Text"),       QStringLiteral("Line")};
     QTest::newRow("patient") << QStringLiteral("凝血检验报告单") << int(kv::PatientReport)
                              << common + QStringList{QStringLiteral("Results"),
                                                      QStringLiteral("field:/patient/name"),
@@ -117,13 +117,15 @@ void TestTemplates::templatesLoadWithTheirItems_data()
                                                        QStringLiteral("field:/patient/sampleNo"),
                                                        QStringLiteral("field:/patient/checkTime")};
     QTest::newRow("qc") << QStringLiteral("室内质控报告") << int(kv::QcReport)
-                        << common + QStringList{QStringLiteral("QcChart"), QStringLiteral("QcTable"),
+                        << common + QStringList{QStringLiteral("QcChart"),
+                                                QStringLiteral("QcTable"),
                                                 QStringLiteral("QcControlInfoDetails"),
                                                 QStringLiteral("field:/reagent/name"),
                                                 QStringLiteral("field:/reagent/lot"),
                                                 QStringLiteral("field:/reagent/level"),
                                                 QStringLiteral("field:/reagent/expiry"),
-                                                QStringLiteral("prop:/qc/item"), QStringLiteral("prop:/qc/abbr"),
+                                                QStringLiteral("prop:/qc/item"),
+                                                QStringLiteral("prop:/qc/abbr"),
                                                 QStringLiteral("prop:/qc/unit"),
                                                 QStringLiteral("prop:/qc/fileno")};
     QTest::newRow("maintenance") << QStringLiteral("维护保养记录") << int(kv::MaintenanceRecordReport)
