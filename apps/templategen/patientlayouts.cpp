@@ -95,7 +95,7 @@ void Layouts::qcSampleReport(TemplateBuilder& builder)
     labelled(builder, QStringLiteral("样本类型："), QStringLiteral("sampleKind"), 0, y, 80, 2);
     labelled(builder, QStringLiteral("检验科室："), QStringLiteral("department"), 2, y, 80, 2);
     y += rowStep;
-    labelled(builder, QStringLiteral("检测时间："), QStringLiteral("checkTime"), 0, y, 80, 2);
+    labelled(builder, QStringLiteral("测定时间："), QStringLiteral("collectTime"), 0, y, 80, 2);
     labelled(builder, QStringLiteral("报告时间："), QStringLiteral("reportTime"), 2, y, 80, 2);
     y += rowStep + 8;
     builder.line(QLineF(margin, y, columnX[4], y), 1.0);

@@ -115,7 +115,7 @@ void TestTemplates::templatesLoadWithTheirItems_data()
                                << common + QStringList{QStringLiteral("Results"),
                                                        QStringLiteral("field:/patient/name"),
                                                        QStringLiteral("field:/patient/sampleNo"),
-                                                       QStringLiteral("field:/patient/checkTime")};
+                                                       QStringLiteral("field:/patient/collectTime")};
     QTest::newRow("qc") << QStringLiteral("室内质控报告") << int(kv::QcReport)
                         << common + QStringList{QStringLiteral("QcChart"),
                                                 QStringLiteral("QcTable"),
