@@ -11,6 +11,22 @@
 
 using namespace coagulation;
 
+namespace {
+
+QtMessageHandler defaultHandler = nullptr;
+
+// The offscreen platform reports window features it lacks; a tool that shows no window does
+// not need to hear about them.
+void offscreenHandler(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (message.contains(QLatin1String("does not support propagateSizeHints")) ||
+        message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")))
+        return;
+    defaultHandler(type, context, message);
+}
+
+} // namespace
+
 int main(int argc, char** argv)
 {
     QStringList arguments;
@@ -32,6 +48,8 @@ int main(int argc, char** argv)
             qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
             qputenv("QT_QPA_PLATFORM", "offscreen");
     }
+    if (qgetenv("QT_QPA_PLATFORM") == "offscreen")
+        defaultHandler = qInstallMessageHandler(offscreenHandler);
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("coagulation-print"));
     // The laboratory's reports show dates and times the Chinese way.

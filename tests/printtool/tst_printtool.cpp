@@ -163,7 +163,8 @@ void TestPrintTool::qcReportPagesFollowTheResultTable()
 
     const QString pdf = path(QStringLiteral("out/qc.pdf"));
     const Run run =
-        runTool(reagents + QStringList{QStringLiteral("-p"), profile(), QStringLiteral("--output"), pdf});
+        runTool(QStringList{QStringLiteral("qc")} + reagents +
+                QStringList{QStringLiteral("-p"), profile(), QStringLiteral("--output"), pdf});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QCOMPARE(pdfPageCount(pdf), expected);
 }
