@@ -162,9 +162,8 @@ void TestPrintTool::qcReportPagesFollowTheResultTable()
     QCOMPARE(reagents.size(), 2);
 
     const QString pdf = path(QStringLiteral("out/qc.pdf"));
-    const Run run =
-        runTool(QStringList{QStringLiteral("qc")} + reagents +
-                QStringList{QStringLiteral("-p"), profile(), QStringLiteral("--output"), pdf});
+    const Run run = runTool(QStringList{QStringLiteral("qc")} + reagents +
+                            QStringList{QStringLiteral("-p"), profile(), QStringLiteral("--output"), pdf});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QCOMPARE(pdfPageCount(pdf), expected);
 }
