@@ -55,6 +55,15 @@ void signatures(TemplateBuilder& builder, double remarkY)
                  QPointF(margin, builder.pageHeight() - 104), {12, false, Qt::AlignHCenter, width});
 }
 
+// Closes the sample block at `y` with a rule; the results, signatures and footer follow.
+void finishPage(TemplateBuilder& builder, double y)
+{
+    builder.line(QLineF(margin, y, columnX[4], y), 1.0);
+    const double end = resultsSection(builder, y + 4);
+    signatures(builder, end + 6);
+    PageFurniture::footer(builder);
+}
+
 } // namespace
 
 void Layouts::patientReport(TemplateBuilder& builder)
@@ -79,11 +88,7 @@ void Layouts::patientReport(TemplateBuilder& builder)
     y += rowStep;
     labelled(builder, QStringLiteral("接收时间："), QStringLiteral("receiveTime"), 0, y, 80, 2);
     labelled(builder, QStringLiteral("报告时间："), QStringLiteral("reportTime"), 2, y, 80, 2);
-    y += rowStep + 8;
-    builder.line(QLineF(margin, y, columnX[4], y), 1.0);
-    const double end = resultsSection(builder, y + 4);
-    signatures(builder, end + 6);
-    PageFurniture::footer(builder);
+    finishPage(builder, y + rowStep + 8);
 }
 
 void Layouts::qcSampleReport(TemplateBuilder& builder)
@@ -97,11 +102,7 @@ void Layouts::qcSampleReport(TemplateBuilder& builder)
     y += rowStep;
     labelled(builder, QStringLiteral("测定时间："), QStringLiteral("collectTime"), 0, y, 80, 2);
     labelled(builder, QStringLiteral("报告时间："), QStringLiteral("reportTime"), 2, y, 80, 2);
-    y += rowStep + 8;
-    builder.line(QLineF(margin, y, columnX[4], y), 1.0);
-    const double end = resultsSection(builder, y + 4);
-    signatures(builder, end + 6);
-    PageFurniture::footer(builder);
+    finishPage(builder, y + rowStep + 8);
 }
 
 } // namespace coagulation
