@@ -21,5 +21,11 @@ test-sanitize: deps
 	cmake --build --preset sanitize
 	ctest --preset sanitize
 
+# Release build of the benchmarks, then one table of measured ratios (a few minutes).
+bench: deps
+	cmake --preset release
+	cmake --build --preset release --target coagulation-bench
+	build/release/bin/coagulation-bench
+
 clean:
 	rm -rf build out

@@ -1,0 +1,62 @@
+// coagulation-bench: the report module's speed and memory against Qt's own rendering, as one
+// table of ratios on standard output (progress on standard error).
+//
+//   coagulation-bench [--smoke] [--benchmark_filter=...]
+//   coagulation-bench --print-child PROFILE COUNT PDF   (used by the memory measurement)
+#include "benchmarks.h"
+#include "benchworkspace.h"
+#include "resultcollector.h"
+#include "resulttable.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstring>
+
+using namespace coagulation::bench;
+
+int main(int argc, char** argv)
+{
+    // Headless, and no message box may wait for a user.
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("COAGULATION_NONINTERACTIVE", "1");
+    QApplication app(argc, argv);
+
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() >= 2 && arguments.at(1) == QLatin1String("--print-child"))
+        return runPrintChild(arguments.mid(2));
+
+    BenchConfig config;
+    for (int i = 1; i < argc; ++i) {
+        if (std::strcmp(argv[i], "--smoke") == 0) {
+            config = BenchConfig::smoke();
+            for (int j = i; j + 1 < argc; ++j)
+                argv[j] = argv[j + 1];
+            --argc;
+            break;
+        }
+    }
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+
+    std::fprintf(stderr, "Generating the benchmark workspace (%d patients)...\n", config.workspacePatients);
+    BenchWorkspace workspace(config.workspacePatients);
+    if (!workspace.isValid()) {
+        std::fprintf(stderr, "%s\n", qPrintable(workspace.errorString()));
+        return 1;
+    }
+
+    registerPrintBenchmarks(config, &workspace);
+    registerTemplateBenchmarks(config, &workspace);
+    registerDragBenchmarks(config);
+
+    ResultCollector results;
+    benchmark::RunSpecifiedBenchmarks(&results);
+    benchmark::Shutdown();
+
+    const ResultTable table(config, results);
+    std::fputs(qPrintable(table.text()), stdout);
+    return 0;
+}
