@@ -1,0 +1,7 @@
+#pragma once
+
+// The whole creator catalogue; hosts include this one header.
+#include "datacreators.h"
+#include "generalcreator.h"
+#include "maintenancecreators.h"
+#include "toolcreators.h"

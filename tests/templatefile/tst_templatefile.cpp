@@ -1,0 +1,445 @@
+#include <core/information.h>
+#include <core/profile.h>
+#include <itemfactory.h>
+#include <report.h>
+#include <reportitem.h>
+#include <tracker.h>
+
+#include <QBuffer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+using namespace coagulation;
+
+namespace {
+
+QByteArray fileBytes(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool writeFile(const QString& fileName, const QByteArray& bytes)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QByteArray saved(Report& report)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    return report.save(out) ? bytes : QByteArray();
+}
+
+// What an item writes after its frame.
+QByteArray payload(ReportItem* item)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_4_6);
+    item->save(out);
+    return bytes;
+}
+
+QByteArray framed(const Report& report, ReportItem* item)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_4_6);
+    report.saveItem(out, item);
+    return bytes;
+}
+
+template <class Item>
+Item* place(Report& report, Item* item, const QString& key, const QPointF& pos,
+            const QTransform& transform = QTransform())
+{
+    item->setKey(key);
+    item->setPos(pos);
+    item->setTransform(transform);
+    report.addItem(item);
+    return item;
+}
+
+// A patient report with one item of every kind that exists, each with its own key, place and
+// transform, and non-default contents.
+void fill(Report& report, Profile* profile)
+{
+    auto* text = place(report, new ReportTextItem(true), "Text", {20, 30}, QTransform().rotate(90));
+    text->setPlainText(QStringLiteral("凝血报告单"));
+    text->setTextWidth(200);
+    QFont font(QStringLiteral("Noto Sans CJK SC"), 18);
+    font.setBold(true);
+    text->setFont(font);
+    text->setAlignment(Qt::AlignHCenter);
+
+    auto* line = place(report, new ReportLineItem, "直线", {10, 80}, QTransform::fromScale(2, 1));
+    line->setLine(0, 0, 300, 0);
+    line->setPen(QPen(Qt::blue, 3, Qt::DashLine));
+
+    auto* rect = place(report, new ReportRectItem, "Rect", {40, 120}, QTransform().shear(0.25, 0));
+    rect->setRect(0, 0, 120, 60);
+    rect->setBrush(QColor(200, 220, 255));
+
+    QImage picture(16, 8, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    auto* image = place(report, new ReportImageItem, "Image", {400, 20},
+                        QTransform::fromScale(0.5, 0.75).translate(3, 4));
+    image->setPixmap(QPixmap::fromImage(picture));
+
+    place(report, new ReportFieldItem(profile, "patient", "name"), "field:/patient/name", {20, 200});
+    place(report, new ReportPropItem(profile, "qc/fileno"), "prop:/qc/fileno", {20, 230});
+    place(report, new ReportPropItem(profile, "date"), "prop:/date", {20, 250});
+    place(report, new ReportProfileItem(profile, "hospital"), "profile:/hospital", {20, 260});
+    place(report, new ReportMonthItem, "MaintenanceMonth", {300, 200}, QTransform().rotate(-45));
+    place(report, new ReportOperatorItem, "MaintenanceOperator", {300, 260});
+}
+
+} // namespace
+
+class tst_TemplateFile : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void emptyReport();
+    void typeTags_data();
+    void typeTags();
+    void roundTrip();
+    void versions_data();
+    void versions();
+    void wrongFormat();
+    void unknownKey_data();
+    void unknownKey();
+    void truncatedPayload();
+    void unknownTypeIsNotSaved();
+    void unwritableFile();
+    void loadAddsToScene();
+    void everyTruncation();
+
+private:
+    QTemporaryDir dir;
+    Profile profile;
+    std::unique_ptr<ItemFactory> factory;
+};
+
+void tst_TemplateFile::init()
+{
+
+    factory = std::make_unique<ItemFactory>(&profile);
+    profile.setValue("hospital", QStringLiteral("第一人民医院"));
+    profile.setValue("patient/name", QStringLiteral("姓名"));
+}
+
+void tst_TemplateFile::emptyReport()
+{
+    Report report(&profile, factory.get());
+    report.setType(kv::PatientReport);
+    const QByteArray expected = QByteArray::fromHex("7470726e"
+                                                    "01"
+                                                    "00000060"
+                                                    "00000060"
+                                                    "00000007"
+                                                    "00000000"
+                                                    "406a400000000000"
+                                                    "4072900000000000"
+                                                    "00000000");
+    QCOMPARE(expected.size(), 41);
+    QCOMPARE(saved(report), expected);
+
+    const QString fileName = dir.filePath("empty." + Report::suffix);
+    QVERIFY(report.save(fileName));
+    QCOMPARE(fileBytes(fileName), expected);
+    QCOMPARE(report.filename(), QString()); // callers name the document themselves
+
+    Report loaded(&profile, factory.get());
+    QVERIFY(loaded.load(fileName));
+    QCOMPARE(loaded.type(), kv::PatientReport);
+    QCOMPARE(loaded.pageSize(), QPageSize::A4);
+    QCOMPARE(loaded.pageSizeF(), QSizeF(210, 297));
+    QVERIFY(loaded.reportItems().isEmpty());
+    QCOMPARE(Report::suffix, QStringLiteral("rpt"));
+    QCOMPARE(Report::mimeType, QStringLiteral("application/x-qt-windows-mime;value=\"ReportItems\""));
+}
+
+void tst_TemplateFile::typeTags_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QByteArray>("head");
+    QTest::newRow("patient") << 0 << QByteArray("tprn");
+    QTest::newRow("qc") << 1 << QByteArray("tprq");
+    QTest::newRow("maintenance") << 2 << QByteArray("tprm");
+}
+
+void tst_TemplateFile::typeTags()
+{
+    QFETCH(int, type);
+    QFETCH(QByteArray, head);
+    Report report(&profile, factory.get());
+    report.setType(kv::ReportType(type));
+    const QString fileName = dir.filePath(QStringLiteral("type%1.rpt").arg(type));
+    QVERIFY(report.save(fileName));
+    QCOMPARE(fileBytes(fileName).left(4), head);
+    QCOMPARE(Report::fileType(fileName), kv::ReportType(type));
+    Report loaded(&profile, factory.get());
+    QVERIFY(loaded.load(fileName));
+    QCOMPARE(loaded.type(), kv::ReportType(type));
+}
+
+void tst_TemplateFile::roundTrip()
+{
+    Report report(&profile, factory.get());
+    report.setType(kv::MaintenanceRecordReport);
+    report.setPageSizeF(QSizeF(100, 50));
+    report.setOrientation(QPageLayout::Landscape);
+    fill(report, &profile);
+    // A tracker in the scene is no part of the template.
+    report.setDesignMode(true);
+    report.reportItems().constFirst()->graphicsItem()->setSelected(true);
+    QVERIFY(report.tracker());
+    QVERIFY(report.tracker()->scene() == &report);
+
+    const QString fileName = dir.filePath("all.rpt");
+    QVERIFY(report.save(fileName));
+
+    Report loaded(&profile, factory.get());
+    QVERIFY(loaded.load(fileName));
+    QCOMPARE(loaded.type(), kv::MaintenanceRecordReport);
+    QCOMPARE(loaded.pageSize(), QPageSize::Custom);
+    QCOMPARE(loaded.pageSizeF(), QSizeF(100, 50));
+    QCOMPARE(loaded.orientation(), QPageLayout::Landscape);
+    QCOMPARE(loaded.sceneRect(), report.sceneRect());
+
+    const QList<ReportItem*> originals = report.reportItems();
+    const QList<ReportItem*> copies = loaded.reportItems();
+    QCOMPARE(copies.size(), originals.size());
+    QCOMPARE(copies.size(), 10);
+    // The item saved first (the topmost) is added first, so the stacking order turns round.
+    for (int i = 0; i < originals.size(); ++i) {
+        ReportItem* original = originals.at(i);
+        ReportItem* copy = copies.at(copies.size() - 1 - i);
+        QCOMPARE(copy->key(), original->key());
+        QCOMPARE(copy->graphicsItem()->pos(), original->graphicsItem()->pos());
+        QCOMPARE(copy->graphicsItem()->transform(), original->graphicsItem()->transform());
+        QCOMPARE(payload(copy), payload(original));
+    }
+}
+
+void tst_TemplateFile::versions_data()
+{
+    QTest::addColumn<quint8>("version");
+    QTest::addColumn<bool>("loads");
+    QTest::newRow("0") << quint8(0) << true;
+    QTest::newRow("1") << quint8(1) << true;
+    QTest::newRow("2") << quint8(2) << false;
+    QTest::newRow("0x80") << quint8(0x80) << false;
+    QTest::newRow("0xFF") << quint8(0xFF) << false;
+}
+
+void tst_TemplateFile::versions()
+{
+    QFETCH(quint8, version);
+    QFETCH(bool, loads);
+    Report report(&profile, factory.get());
+    report.setType(kv::QcReport);
+    place(report, new ReportRectItem, "Rect", {5, 5});
+    QByteArray bytes = saved(report);
+    bytes[4] = char(version);
+    const QString fileName = dir.filePath("version.rpt");
+    QVERIFY(writeFile(fileName, bytes));
+    QCOMPARE(Report::fileType(fileName), kv::QcReport);
+
+    Report loaded(&profile, factory.get());
+    QCOMPARE(loaded.load(fileName), loads);
+    QCOMPARE(loaded.type(), kv::QcReport);
+    QCOMPARE(loaded.errorString(), loads ? QString() : QStringLiteral("无法读取高版本的文档"));
+    QCOMPARE(loaded.reportItems().size(), loads ? 1 : 0);
+}
+
+void tst_TemplateFile::wrongFormat()
+{
+    Report source(&profile, factory.get());
+    source.setType(kv::PatientReport);
+    QByteArray bytes = saved(source);
+    bytes.replace(0, 4, "nrpt"); // the tag unreversed
+    const QString fileName = dir.filePath("wrong.rpt");
+    QVERIFY(writeFile(fileName, bytes));
+    QCOMPARE(Report::fileType(fileName), kv::NoReport);
+
+    Report loaded(&profile, factory.get());
+    loaded.setType(kv::QcReport);
+    QVERIFY(!loaded.load(fileName));
+    QCOMPARE(loaded.type(), kv::NoReport);
+    QCOMPARE(loaded.errorString(), QStringLiteral("错误的文件格式"));
+
+    // Too short to hold a tag; and no file at all.
+    QVERIFY(writeFile(fileName, "tpr"));
+    QCOMPARE(Report::fileType(fileName), kv::NoReport);
+    const QString missing = dir.filePath("missing.rpt");
+    QCOMPARE(Report::fileType(missing), kv::NoReport);
+    Report none(&profile, factory.get());
+    none.setType(kv::QcReport);
+    QVERIFY(!none.load(missing));
+    QFile probe(missing);
+    QVERIFY(!probe.open(QIODevice::ReadOnly));
+    QCOMPARE(none.errorString(), probe.errorString());
+    QCOMPARE(none.type(), kv::QcReport);
+}
+
+void tst_TemplateFile::unknownKey_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::newRow("unknown") << "Gadget";
+    QTest::newRow("pointer makes nothing") << "Pointer";
+    QTest::newRow("malformed field") << "field:/patient";
+}
+
+void tst_TemplateFile::unknownKey()
+{
+    QFETCH(QString, key);
+    Report report(&profile, factory.get());
+    report.setType(kv::PatientReport);
+    place(report, new ReportRectItem, "Rect", {5, 5});
+    place(report, new ReportRectItem, key, {5, 50});
+    place(report, new ReportLineItem, "Line", {5, 90});
+    const QString fileName = dir.filePath("unknown.rpt");
+    QVERIFY(report.save(fileName));
+
+    Report loaded(&profile, factory.get());
+    QVERIFY(!loaded.load(fileName));
+    QCOMPARE(loaded.errorString(), QStringLiteral("无法创建 %1 对象").arg(key));
+    QVERIFY(loaded.reportItems().isEmpty()); // the item read before it is dropped too
+
+    // The framing functions let the message through to their caller.
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_4_6);
+    QVERIFY(report.saveItems(out, report.reportItems()));
+    QDataStream in(bytes);
+    in.setVersion(QDataStream::Qt_4_6);
+    QList<ReportItem*> items;
+    QString thrown;
+    try {
+        report.loadItems(in, items);
+    } catch (const QString& message) {
+        thrown = message;
+    }
+    QCOMPARE(thrown, QStringLiteral("无法创建 %1 对象").arg(key));
+    QVERIFY(items.isEmpty());
+}
+
+void tst_TemplateFile::truncatedPayload()
+{
+    Report report(&profile, factory.get());
+    report.setType(kv::PatientReport);
+    place(report, new ReportRectItem, "Rect", {5, 5});
+    auto* text = place(report, new ReportTextItem(true), "Text", {5, 50});
+    text->setPlainText(QStringLiteral("第二个"));
+    place(report, new ReportLineItem, "Line", {5, 90});
+    const QList<ReportItem*> items = report.reportItems(); // topmost first: line, text, rect
+    QCOMPARE(items.at(1), text);
+
+    // Cut three bytes short of the end of the second record.
+    const QByteArray bytes = saved(report);
+    const int cut = 41 + framed(report, items.at(0)).size() + framed(report, items.at(1)).size() - 3;
+    QVERIFY(cut < bytes.size());
+    const QString fileName = dir.filePath("truncated.rpt");
+    QVERIFY(writeFile(fileName, bytes.left(cut)));
+
+    Report loaded(&profile, factory.get());
+    QVERIFY(loaded.load(fileName));
+    QVERIFY(loaded.reportItems().isEmpty());
+    QCOMPARE(loaded.errorString(), QString());
+    QCOMPARE(loaded.type(), kv::PatientReport);
+
+    // The item list on its own: false and empty.
+    QDataStream in(bytes.left(cut).mid(37));
+    in.setVersion(QDataStream::Qt_4_6);
+    QList<ReportItem*> read{text};
+    QVERIFY(!loaded.loadItems(in, read));
+    QVERIFY(read.isEmpty());
+}
+
+void tst_TemplateFile::unknownTypeIsNotSaved()
+{
+    Report report(&profile, factory.get());
+    QCOMPARE(report.type(), kv::NoReport);
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    QVERIFY(!report.save(out));
+    QCOMPARE(report.errorString(), QStringLiteral("未知的报表类型"));
+    QVERIFY(bytes.isEmpty());
+
+    // An existing template survives a failed save over it.
+    const QString fileName = dir.filePath("kept.rpt");
+    QVERIFY(writeFile(fileName, "existing"));
+    report.setErrorString(QString());
+    QVERIFY(!report.save(fileName));
+    QCOMPARE(report.errorString(), QStringLiteral("未知的报表类型"));
+    QCOMPARE(fileBytes(fileName), QByteArray("existing"));
+}
+
+void tst_TemplateFile::unwritableFile()
+{
+    Report report(&profile, factory.get());
+    report.setType(kv::PatientReport);
+    report.setErrorString(QStringLiteral("earlier"));
+    InformationLog::clear();
+    const QString fileName = dir.filePath("no/such/folder/x.rpt");
+    QVERIFY(!report.save(fileName));
+    QCOMPARE(InformationLog::count(), 1);
+    QVERIFY(!InformationLog::last().text.isEmpty());
+    QCOMPARE(InformationLog::last().buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
+    QCOMPARE(InformationLog::last().defaultButton, QMessageBox::Ok);
+    QCOMPARE(report.errorString(), QStringLiteral("earlier"));
+}
+
+void tst_TemplateFile::loadAddsToScene()
+{
+    Report source(&profile, factory.get());
+    source.setType(kv::PatientReport);
+    place(source, new ReportRectItem, "Rect", {5, 5});
+    const QString fileName = dir.filePath("one.rpt");
+    QVERIFY(source.save(fileName));
+
+    Report report(&profile, factory.get());
+    place(report, new ReportLineItem, "Line", {5, 5});
+    QVERIFY(report.load(fileName));
+    QVERIFY(report.load(fileName));
+    QCOMPARE(report.reportItems().size(), 3);
+}
+
+// A template cut at any byte loads to a failure or to no items, never to a crash.
+void tst_TemplateFile::everyTruncation()
+{
+    Report report(&profile, factory.get());
+    report.setType(kv::PatientReport);
+    fill(report, &profile);
+    const QByteArray bytes = saved(report);
+    QVERIFY(bytes.size() > 41);
+    const QStringList failures = {QStringLiteral("错误的文件格式"), QStringLiteral("无法创建  对象")};
+    // libpng prints its own complaint about every cut picture.
+    for (int size = 0; size < bytes.size(); ++size) {
+        QByteArray cut = bytes.left(size);
+        QBuffer buffer(&cut);
+        buffer.open(QIODevice::ReadOnly);
+        QDataStream in(&buffer);
+        Report loaded(&profile, factory.get());
+        const QByteArray where = "cut at " + QByteArray::number(size);
+        // A header cut short is no template; a cut item list loads no items.
+        if (size < 37)
+            QVERIFY2(!loaded.load(in) && loaded.errorString() == QStringLiteral("错误的文件格式"), where);
+        else if (loaded.load(in))
+            QVERIFY2(loaded.reportItems().isEmpty(), where);
+        else
+            QVERIFY2(failures.contains(loaded.errorString()),
+                     QByteArray(where + ": " + loaded.errorString().toUtf8()));
+    }
+}
+
+QTEST_MAIN(tst_TemplateFile)
+#include "tst_templatefile.moc"
