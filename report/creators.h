@@ -4,4 +4,5 @@
 #include "datacreators.h"
 #include "generalcreator.h"
 #include "maintenancecreators.h"
+#include "tablecreators.h"
 #include "toolcreators.h"

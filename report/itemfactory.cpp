@@ -98,7 +98,7 @@ void ItemFactory::registerPatientInformation()
 {
     const QString group = tr("患者信息");
     registerColumns(group, QStringLiteral("patient"), m_profile ? m_profile->dataDatabase() : QSqlDatabase());
-    // Next: the patient result table, PatientTableCreator(m_profile, group, this).
+    registerCreator(new PatientTableCreator(m_profile, group, this));
 }
 
 void ItemFactory::registerQcPlasma()
@@ -116,8 +116,10 @@ void ItemFactory::registerQcInformation(CreatorFactory* propFactory)
     registerProxy(propFactory, group, QStringLiteral("prop:/qc/unit"), tr("项目单位"));
     // An example file number serves as the label.
     registerProxy(propFactory, group, QStringLiteral("prop:/qc/fileno"), tr("QC01"));
-    // Next, in this order: QcChartCreator(group, this), QcInfoTableCreator(group, this),
-    // QcInfoDetailsTableCreator(group, this), QcTableCreator(group, this).
+    // QcChartCreator(group, this) belongs here, ahead of the tables.
+    registerCreator(new QcInfoTableCreator(group, this));
+    registerCreator(new QcInfoDetailsTableCreator(group, this));
+    registerCreator(new QcTableCreator(group, this));
 }
 
 void ItemFactory::registerMaintenanceRecords()

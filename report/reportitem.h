@@ -3,4 +3,7 @@
 // All report item families; hosts include this one header.
 #include "databounditems.h"
 #include "drawingitems.h"
+#include "multicoltableitems.h"
+#include "qcinfotableitems.h"
 #include "reportitembase.h"
+#include "tableitems.h"

@@ -64,13 +64,22 @@ Catalogue generalInformation()
 // The tools that follow the patient columns.
 Catalogue patientTools()
 {
-    return {};
+    return {{"coagulation::PatientTableCreator", {"Results", "结果"}, "结果", "患者信息", "toolText"}};
 }
 
 Catalogue qcInformation()
 {
-    return {proxy("质控信息", "prop:/qc/item", "项目名称"), proxy("质控信息", "prop:/qc/abbr", "项目缩写"),
-            proxy("质控信息", "prop:/qc/unit", "项目单位"), proxy("质控信息", "prop:/qc/fileno", "QC01")};
+    return {proxy("质控信息", "prop:/qc/item", "项目名称"),
+            proxy("质控信息", "prop:/qc/abbr", "项目缩写"),
+            proxy("质控信息", "prop:/qc/unit", "项目单位"),
+            proxy("质控信息", "prop:/qc/fileno", "QC01"),
+            {"coagulation::QcInfoTableCreator", {"QcControlInfo"}, "多规则/上下限值", "质控信息", "toolText"},
+            {"coagulation::QcInfoDetailsTableCreator",
+             {"QcControlInfoDetails"},
+             "多规则/上下限值（带计算值）",
+             "质控信息",
+             "toolText"},
+            {"coagulation::QcTableCreator", {"QcTable"}, "质控结果", "质控信息", "toolText"}};
 }
 
 Catalogue maintenanceRecords()
@@ -122,6 +131,15 @@ QString kindOf(const ReportItem* item)
         return QStringLiteral("prop ") + prop->propName();
     if (auto* value = dynamic_cast<const ReportProfileItem*>(item))
         return QStringLiteral("profile ") + value->propName();
+    if (auto* patient = dynamic_cast<const ReportPatientTableItem*>(item))
+        return patient->profile() ? QStringLiteral("patient table")
+                                  : QStringLiteral("patient table, no profile");
+    if (dynamic_cast<const ReportQcInfoDetailsTableItem*>(item))
+        return QStringLiteral("qc details table");
+    if (dynamic_cast<const ReportQcInfoTableItem*>(item))
+        return QStringLiteral("qc info table");
+    if (dynamic_cast<const ReportQcTableItem*>(item))
+        return QStringLiteral("qc table");
     if (dynamic_cast<const ReportMonthItem*>(item))
         return QStringLiteral("month");
     if (dynamic_cast<const ReportOperatorItem*>(item))
@@ -241,6 +259,16 @@ void tst_ItemFactory::create_data()
                            << "month";
     QTest::newRow("operator") << "MaintenanceOperator"
                               << "operator";
+    QTest::newRow("Results") << "Results"
+                             << "patient table";
+    QTest::newRow("结果") << "结果"
+                          << "patient table";
+    QTest::newRow("QcControlInfo") << "QcControlInfo"
+                                   << "qc info table";
+    QTest::newRow("QcControlInfoDetails") << "QcControlInfoDetails"
+                                          << "qc details table";
+    QTest::newRow("QcTable") << "QcTable"
+                             << "qc table";
     QTest::newRow("offered field") << "field:/patient/name"
                                    << "field patient|name";
     QTest::newRow("field without creator") << "field:/result/value"
