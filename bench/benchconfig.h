@@ -12,10 +12,12 @@ struct BenchConfig
     int scalingLarge = 1000;
     int qcPoints = 10000;
     int templateItems = 2000;
+    int templateItemsSmall = 200; // per-item load time at templateItems over this size
     int dragSmall = 100;
     int dragLarge = 5000;
     int dragMoves = 50;
     int workspacePatients = 1200; // patients generated into the benchmark's database
+    int repetitions = 5;          // of the short measurements; the median counts
 
     static BenchConfig smoke()
     {
@@ -25,10 +27,12 @@ struct BenchConfig
         config.scalingLarge = 3;
         config.qcPoints = 300;
         config.templateItems = 50;
+        config.templateItemsSmall = 10;
         config.dragSmall = 5;
         config.dragLarge = 20;
         config.dragMoves = 5;
         config.workspacePatients = 20;
+        config.repetitions = 1;
         return config;
     }
 };

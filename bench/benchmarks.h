@@ -20,7 +20,10 @@ inline std::string patients(const char* side, int count) // side: "ours" or "flo
 }
 inline std::string peakMemory(int count) { return "memory/" + std::to_string(count); }
 inline std::string qc(const char* side) { return "qc/" + std::string(side); }
-inline std::string templateFile(const char* what) { return "template/" + std::string(what); } // load, save
+inline std::string templateFile(const char* what, int items) // what: "load" or "save"
+{
+    return "template/" + std::string(what) + '/' + std::to_string(items);
+}
 inline std::string drag(const char* side, int items) // side: "ours" or "qt"
 {
     return "drag/" + std::string(side) + '/' + std::to_string(items);

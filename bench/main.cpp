@@ -12,6 +12,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <vector>
 
 using namespace coagulation::bench;
 
@@ -37,8 +38,14 @@ int main(int argc, char** argv)
             break;
         }
     }
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    // Repetitions of different benchmarks run interleaved in random order, so that a busy spell of
+    // the machine does not fall on one side of a comparison only.
+    std::vector<char*> args(argv, argv + argc);
+    char interleave[] = "--benchmark_enable_random_interleaving=true";
+    args.insert(args.begin() + 1, interleave);
+    int count = int(args.size());
+    benchmark::Initialize(&count, args.data());
+    if (benchmark::ReportUnrecognizedArguments(count, args.data()))
         return 2;
 
     std::fprintf(stderr, "Generating the benchmark workspace (%d patients)...\n", config.workspacePatients);

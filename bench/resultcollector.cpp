@@ -22,11 +22,11 @@ void ResultCollector::ReportRuns(const std::vector<Run>& runs)
             result.error = run.error_message.empty() ? "failed" : run.error_message;
         } else {
             const double iterations = run.iterations > 0 ? double(run.iterations) : 1.0;
-            result.secondsPerIteration = run.real_accumulated_time / iterations;
+            result.secondsPerIteration = run.cpu_accumulated_time / iterations;
             for (const auto& [key, counter] : run.counters)
                 result.counters[key] = counter.value;
         }
-        if (!aggregate)
+        if (!aggregate && run.repetition_index + 1 >= run.repetitions)
             std::fprintf(stderr, "  %-24s %s\n", name.c_str(), result.error.empty() ? "done" : result.error.c_str());
         m_results[name] = result;
     }

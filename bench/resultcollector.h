@@ -8,13 +8,14 @@
 namespace coagulation::bench {
 
 // Keeps the outcome of every benchmark instead of printing it, so that one table of ratios can be
-// printed at the end. With repetitions the median is kept.
+// printed at the end. With repetitions the median is kept. Times are the CPU time of the main
+// thread, where all the work runs: on a shared machine that is far steadier than wall time.
 class ResultCollector : public benchmark::BenchmarkReporter
 {
 public:
     struct Result
     {
-        double secondsPerIteration = 0.0;
+        double secondsPerIteration = 0.0; // CPU time
         std::map<std::string, double> counters;
         std::string error; // empty when the benchmark ran
     };

@@ -134,19 +134,37 @@ void ResultTable::addQcRow()
 
 void ResultTable::addTemplateRow()
 {
-    const auto* load = m_results.result(name::templateFile("load"));
-    const auto* save = m_results.result(name::templateFile("save"));
+    const auto* load = m_results.result(name::templateFile("load", m_config.templateItems));
+    const auto* save = m_results.result(name::templateFile("save", m_config.templateItems));
+    const auto* smallLoad = m_results.result(name::templateFile("load", m_config.templateItemsSmall));
+    const auto ran = [](const ResultCollector::Result* r) { return r && r->error.empty() && r->secondsPerIteration > 0; };
+
     Row row;
     row.what = QStringLiteral("template %1 items: per item, load / save").arg(m_config.templateItems);
-    const double items = counterOf(load, counter::items);
-    if (load && save && load->error.empty() && save->error.empty() && items > 0 && save->secondsPerIteration > 0) {
-        row.ours = microseconds(load->secondsPerIteration / items);
-        row.reference = microseconds(save->secondsPerIteration / items);
+    if (ran(load) && ran(save)) {
+        row.ours = microseconds(load->secondsPerIteration / m_config.templateItems);
+        row.reference = microseconds(save->secondsPerIteration / m_config.templateItems);
         row.ratio = load->secondsPerIteration / save->secondsPerIteration;
     } else {
-        row.note = errorOf(load && load->error.empty() ? save : load);
+        row.note = errorOf(ran(load) ? save : load);
     }
     addRow(row);
+
+    // Loading must not slow down per item as the template grows.
+    Row scaling;
+    scaling.what = QStringLiteral("template load: per item, %1 / %2 items")
+                       .arg(m_config.templateItems)
+                       .arg(m_config.templateItemsSmall);
+    if (ran(load) && ran(smallLoad)) {
+        const double large = load->secondsPerIteration / m_config.templateItems;
+        const double small = smallLoad->secondsPerIteration / m_config.templateItemsSmall;
+        scaling.ours = microseconds(large);
+        scaling.reference = microseconds(small);
+        scaling.ratio = large / small;
+    } else {
+        scaling.note = errorOf(ran(load) ? smallLoad : load);
+    }
+    addRow(scaling);
 }
 
 void ResultTable::addDragRow()
@@ -158,7 +176,7 @@ void ResultTable::addDragRow()
         const auto* small = m_results.result(name::drag(side, m_config.dragSmall));
         Row row;
         row.what = QStringLiteral("%1 (%2 moves): %3 / %4 items")
-                       .arg(ours ? QStringLiteral("handle drag") : QStringLiteral("Qt alone, item drag"))
+                       .arg(ours ? QStringLiteral("handle drag") : QStringLiteral("Qt alone, same drag"))
                        .arg(m_config.dragMoves)
                        .arg(m_config.dragLarge)
                        .arg(m_config.dragSmall);
@@ -172,26 +190,6 @@ void ResultTable::addDragRow()
         row.target = ours ? 1.5 : 0.0;
         addRow(row);
     }
-
-    // What our code adds to Qt's own cost of the gesture, with many items against few.
-    const auto* oursLarge = m_results.result(name::drag("ours", m_config.dragLarge));
-    const auto* oursSmall = m_results.result(name::drag("ours", m_config.dragSmall));
-    const auto* qtLarge = m_results.result(name::drag("qt", m_config.dragLarge));
-    const auto* qtSmall = m_results.result(name::drag("qt", m_config.dragSmall));
-    Row row;
-    row.what = QStringLiteral("our share of the drag (ours - Qt): %1 / %2 items")
-                   .arg(m_config.dragLarge)
-                   .arg(m_config.dragSmall);
-    if (oursLarge && oursSmall && qtLarge && qtSmall && oursLarge->error.empty() && oursSmall->error.empty()) {
-        const double large = oursLarge->secondsPerIteration - qtLarge->secondsPerIteration;
-        const double small = oursSmall->secondsPerIteration - qtSmall->secondsPerIteration;
-        row.ours = milliseconds(large);
-        row.reference = milliseconds(small);
-        if (small > 0)
-            row.ratio = large / small;
-    }
-    row.target = 1.5;
-    addRow(row);
 }
 
 void ResultTable::addRow(Row row)

@@ -86,14 +86,16 @@ void loadTemplate(benchmark::State& state, BenchWorkspace* workspace, int count)
 
 void registerTemplateBenchmarks(const BenchConfig& config, BenchWorkspace* workspace)
 {
-    benchmark::RegisterBenchmark(name::templateFile("save").c_str(), saveTemplate, workspace, config.templateItems)
+    benchmark::RegisterBenchmark(name::templateFile("save", config.templateItems).c_str(), saveTemplate, workspace,
+                                 config.templateItems)
         ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
-        ->MinTime(0.5);
-    benchmark::RegisterBenchmark(name::templateFile("load").c_str(), loadTemplate, workspace, config.templateItems)
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
-        ->MinTime(0.5);
+        ->MinTime(0.2)
+        ->Repetitions(config.repetitions);
+    for (int count : {config.templateItemsSmall, config.templateItems})
+        benchmark::RegisterBenchmark(name::templateFile("load", count).c_str(), loadTemplate, workspace, count)
+            ->Unit(benchmark::kMillisecond)
+            ->MinTime(0.2)
+            ->Repetitions(config.repetitions);
 }
 
 } // namespace coagulation::bench
