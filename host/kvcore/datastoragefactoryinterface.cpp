@@ -1,0 +1,7 @@
+#include "datastoragefactoryinterface.h"
+
+namespace coagulation {
+
+DataStorageFactoryInterface::~DataStorageFactoryInterface() = default;
+
+} // namespace coagulation

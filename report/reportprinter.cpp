@@ -1,0 +1,329 @@
+#include "reportprinter.h"
+
+#include "itemfactory.h"
+#include "report.h"
+#include "sqlwarning.h"
+
+#include <core/dialogdriver.h>
+#include <core/information.h>
+#include <core/profile.h>
+#include <core/toplevelwidget.h>
+#include <core/waitcursor.h>
+#include <kvcore/sample.h>
+#include <kvcore/workspace.h>
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QInputDialog>
+#include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QPrintPreviewDialog>
+#include <QSqlQuery>
+
+namespace coagulation {
+
+namespace {
+
+// Settings key and pick-dialog label of each kind of printout.
+struct TemplateChoice
+{
+    const char* key;
+    const char* label;
+};
+
+bool templateChoice(kv::ReportType type, kv::SampleType sampleType, TemplateChoice* choice)
+{
+    switch (type) {
+    case kv::PatientReport:
+        if (sampleType == kv::QcSample)
+            *choice = {"report/qc", QT_TRANSLATE_NOOP("coagulation::ReportPrinter", "质控样本")};
+        else
+            *choice = {"report/template", QT_TRANSLATE_NOOP("coagulation::ReportPrinter", "病人样本")};
+        return true;
+    case kv::QcReport:
+        *choice = {"report/qctemplate", QT_TRANSLATE_NOOP("coagulation::ReportPrinter", "质控报表")};
+        return true;
+    case kv::MaintenanceRecordReport:
+        *choice = {"report/maintenanceRecord", QT_TRANSLATE_NOOP("coagulation::ReportPrinter", "维护记录")};
+        return true;
+    default:
+        return false;
+    }
+}
+
+void renderPage(Report* report, QPainter* painter)
+{
+    report->render(painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
+}
+
+} // namespace
+
+ReportPrinter::ReportPrinter(QObject* parent) : DataStorage(parent) {}
+
+ReportPrinter::~ReportPrinter() = default;
+
+void ReportPrinter::setWorkspace(Workspace* workspace)
+{
+    m_workspace = workspace;
+    // An earlier factory stays a child until the printer goes.
+    if (workspace)
+        m_itemFactory = new ItemFactory(workspace->profile(), this);
+}
+
+QList<QString> ReportPrinter::enumTemplate(const QString& directory, kv::ReportType type)
+{
+    QList<QString> names;
+    const QFileInfoList entries =
+        QDir(directory).entryInfoList({QStringLiteral("*.rpt")}, QDir::Files, QDir::NoSort);
+    for (const QFileInfo& entry : entries) {
+        if (Report::fileType(entry.absoluteFilePath()) == type)
+            names.append(entry.completeBaseName());
+    }
+    return names;
+}
+
+bool ReportPrinter::loadTemplate(Report* report, kv::ReportType type, kv::SampleType sampleType)
+{
+    TemplateChoice choice;
+    if (!templateChoice(type, sampleType, &choice)) {
+        information(tr("未知的打印模板类型."), QMessageBox::Ok, QMessageBox::Ok);
+        return false;
+    }
+    Profile* profile = m_workspace->profile();
+    const QString key = QString::fromLatin1(choice.key);
+    QString name = profile->value(key, QVariant()).toString();
+    if (name.isEmpty()) {
+        bool ok = false;
+        name = pickTemplate(type, tr(choice.label), &ok);
+        if (!ok)
+            return false;
+        profile->setValue(key, name, true);
+    }
+    const QString path = m_workspace->templateDirectory().filePath(name + QLatin1Char('.') + Report::suffix);
+    if (report->load(path))
+        return true;
+    information(tr("无法加载打印模板 %1\n%2").arg(name, report->errorString()), QMessageBox::Ok,
+                QMessageBox::Ok);
+    return false;
+}
+
+QString ReportPrinter::pickTemplate(kv::ReportType type, const QString& label, bool* ok)
+{
+    // What QInputDialog::getItem does, run through execDialog so that it never blocks a
+    // process without a user.
+    const QList<QString> names = enumTemplate(m_workspace->templateDirectory().path(), type);
+    QInputDialog dialog(m_workspace->mainWindow());
+    dialog.setWindowTitle(QString());
+    dialog.setLabelText(tr("请选择一个%1打印模板:").arg(label));
+    dialog.setComboBoxItems(names);
+    dialog.setTextValue(names.value(0));
+    dialog.setComboBoxEditable(false);
+    *ok = execDialog(&dialog) == QDialog::Accepted;
+    return *ok ? dialog.textValue() : QString();
+}
+
+bool ReportPrinter::hasWorkspace() const
+{
+    if (m_workspace && m_workspace->profile())
+        return true;
+    qWarning("ReportPrinter: no workspace with a profile; call setWorkspace before printing");
+    return false;
+}
+
+bool ReportPrinter::store(const MaintenanceExportData* data, StoreMode mode)
+{
+    if (!hasWorkspace())
+        return false;
+    Report report(m_workspace->profile(), m_itemFactory);
+    // A template's own orientation replaces this default.
+    report.setOrientation(QPageLayout::Landscape);
+    if (!loadTemplate(&report, kv::MaintenanceRecordReport, kv::PatientSample))
+        return false;
+    Job job;
+    job.storeMode = mode;
+    job.report = &report;
+    job.maintenanceData = data;
+    return run(job, &ReportPrinter::printMaintenanceRecord);
+}
+
+bool ReportPrinter::store(const QList<QcExportData*>& data, StoreMode mode)
+{
+    if (!hasWorkspace())
+        return false;
+    Report report(m_workspace->profile(), m_itemFactory);
+    if (!loadTemplate(&report, kv::QcReport, kv::PatientSample))
+        return false;
+    Job job;
+    job.storeMode = mode;
+    job.report = &report;
+    job.qcData = data;
+    return run(job, &ReportPrinter::printQc);
+}
+
+bool ReportPrinter::store(const QList<qint64>& patientIds, QSqlDatabase database, StoreMode mode)
+{
+    if (patientIds.isEmpty())
+        return true;
+    if (!hasWorkspace())
+        return false;
+    Report report(m_workspace->profile(), m_itemFactory);
+    Report qcSampleReport(m_workspace->profile(), m_itemFactory);
+    if (!loadTemplate(&report, kv::PatientReport, kv::PatientSample))
+        return false;
+    Job job;
+    job.storeMode = mode;
+    job.report = &report;
+    job.qcSampleReport = &qcSampleReport;
+    job.patientIds = patientIds;
+    job.database = database;
+    return run(job, &ReportPrinter::printResult);
+}
+
+bool ReportPrinter::run(const Job& job, PageLoop pageLoop)
+{
+    const Job saved = m_job;
+    m_job = job;
+
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(QCoreApplication::applicationName());
+    if (!m_outputFileName.isEmpty()) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(m_outputFileName);
+    }
+    if (pageLoop == &ReportPrinter::printMaintenanceRecord)
+        printer.setPageOrientation(QPageLayout::Landscape);
+    if (pageLoop == &ReportPrinter::printResult)
+        printer.setPrintRange(QPrinter::AllPages);
+    m_job.report->setupPrinter(&printer);
+
+    switch (m_job.storeMode) {
+    case StorePreview: {
+        QPrintPreviewDialog preview(&printer, topLevelWidget(), Qt::Window);
+        preview.setWindowState((preview.windowState() & ~(Qt::WindowMinimized | Qt::WindowFullScreen)) |
+                               Qt::WindowMaximized);
+        connect(&preview, &QPrintPreviewDialog::paintRequested, this, pageLoop);
+        execDialog(&preview);
+        break;
+    }
+    case StoreWithDialog: {
+        QPrintDialog dialog(&printer, nullptr);
+        if (pageLoop == &ReportPrinter::printResult)
+            dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+        if (execDialog(&dialog) == QDialog::Accepted)
+            (this->*pageLoop)(&printer);
+        break;
+    }
+    default:
+        (this->*pageLoop)(&printer);
+        break;
+    }
+
+    const bool printed = !m_job.printerFailed;
+    m_job = saved;
+    return printed;
+}
+
+bool ReportPrinter::beginPainting(QPainter& painter, QPrinter* printer)
+{
+    if (painter.begin(printer))
+        return true;
+    // No page can come out, so nothing is marked as printed either.
+    m_job.printerFailed = true;
+    information(printerError(printer), QMessageBox::Ok, QMessageBox::Ok);
+    return false;
+}
+
+QString ReportPrinter::printerError(const QPrinter* printer) const
+{
+    if (printer->outputFormat() == QPrinter::PdfFormat && !printer->outputFileName().isEmpty())
+        return tr("无法写入文件 %1").arg(QDir::toNativeSeparators(printer->outputFileName()));
+    if (QPrinterInfo::availablePrinterNames().isEmpty())
+        return tr("没有可用的打印机.");
+    return tr("无法打开打印机 %1").arg(printer->printerName());
+}
+
+void ReportPrinter::printResult(QPrinter* printer)
+{
+    WaitCursor cursor(Qt::WaitCursor);
+    QPainter painter;
+    if (!beginPainting(painter, printer))
+        return;
+    QSqlQuery update(m_job.database);
+    if (!update.prepare(QStringLiteral("update patient set printTime=:time where id=:id")))
+        REPORT_SQL_WARNING(update.lastError());
+    QSqlQuery select(m_job.database);
+    if (!select.prepare(QStringLiteral("select sampleNo from patient where id=:id")))
+        REPORT_SQL_WARNING(select.lastError());
+
+    Profile* profile = m_workspace->profile();
+    for (int i = 0; i < m_job.patientIds.size(); ++i) {
+        const qint64 id = m_job.patientIds.at(i);
+        QString sampleNo;
+        select.bindValue(QStringLiteral(":id"), id);
+        if (!select.exec())
+            REPORT_SQL_WARNING(select.lastError());
+        else if (select.first())
+            sampleNo = select.value(0).toString();
+        select.finish();
+
+        Report* page = m_job.report;
+        if (Sample::sampleTypeOf(sampleNo, profile) == kv::QcSample) {
+            if (!m_job.qcSampleTemplateTried) {
+                m_job.qcSampleTemplateTried = true;
+                m_job.qcSampleTemplateLoaded =
+                    loadTemplate(m_job.qcSampleReport, kv::PatientReport, kv::QcSample);
+            }
+            // Without its template a QC sample is left out; the page break before it stays.
+            if (!m_job.qcSampleTemplateLoaded)
+                continue;
+            page = m_job.qcSampleReport;
+        }
+        page->fetchData(int(id), m_job.database);
+        renderPage(page, &painter);
+
+        update.bindValue(QStringLiteral(":time"), QDateTime::currentDateTime().toString(Qt::ISODate));
+        update.bindValue(QStringLiteral(":id"), id);
+        if (!update.exec())
+            REPORT_SQL_WARNING(update.lastError());
+        if (i != m_job.patientIds.size() - 1)
+            printer->newPage();
+    }
+    painter.end();
+}
+
+void ReportPrinter::printQc(QPrinter* printer)
+{
+    WaitCursor cursor(Qt::WaitCursor);
+    QPainter painter;
+    if (!beginPainting(painter, printer))
+        return;
+    int pagesPrinted = 0;
+    for (QcExportData* data : std::as_const(m_job.qcData)) {
+        m_job.report->prepareQcData(data);
+        // Items may raise the page count while they prepare or fetch, so it is read every page.
+        for (int page = 1; page <= m_job.report->pageCount(); ++page) {
+            if (++pagesPrinted > 1)
+                printer->newPage();
+            m_job.report->setCurrentPage(page);
+            m_job.report->fetchQcData(data);
+            renderPage(m_job.report, &painter);
+        }
+    }
+    painter.end();
+}
+
+void ReportPrinter::printMaintenanceRecord(QPrinter* printer)
+{
+    WaitCursor cursor(Qt::WaitCursor);
+    QPainter painter;
+    if (!beginPainting(painter, printer))
+        return;
+    m_job.report->prepareMaintenanceData(m_job.maintenanceData);
+    renderPage(m_job.report, &painter);
+    painter.end();
+}
+
+} // namespace coagulation
