@@ -1,6 +1,7 @@
 #include "benchworkspace.h"
 
 #include <core/profile.h>
+#include <defaulttemplates.h>
 #include <demoworkspace.h>
 #include <itemfactory.h>
 #include <kvcore/qcdatareader.h>
@@ -19,7 +20,11 @@ BenchWorkspace::BenchWorkspace(int patientCount)
         m_errorString = QStringLiteral("Cannot create a temporary folder: %1").arg(m_folder.errorString());
         return;
     }
-    if (!DemoWorkspace::create(m_folder.path(), QString(), patientCount, &m_errorString))
+    // The default templates as the current code lays them out, then the demo workspace with them.
+    const QString templates = QDir(m_folder.path()).filePath(QStringLiteral("default-templates"));
+    if (!DefaultTemplates::writeAll(templates, &m_errorString))
+        return;
+    if (!DemoWorkspace::create(m_folder.path(), templates, patientCount, &m_errorString))
         return;
     m_profile = std::make_unique<Profile>(profileFileName());
     m_workspace = std::make_unique<Workspace>(m_profile.get(), Workspace::templateDirectoryOf(m_profile.get()));
