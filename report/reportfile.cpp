@@ -12,6 +12,8 @@
 #include <QSaveFile>
 #include <QtEndian>
 
+#include <new>
+
 namespace coagulation {
 
 namespace {
@@ -42,9 +44,14 @@ kv::ReportType typeOfTag(qint32 tag)
     return kv::NoReport;
 }
 
-QString unknownTypeMessage()
+bool isPageSize(qint32 id)
 {
-    return Report::tr("未知的报表类型");
+    return id >= 0 && id <= QPageSize::LastPageSize;
+}
+
+bool isOrientation(qint32 orientation)
+{
+    return orientation == QPageLayout::Portrait || orientation == QPageLayout::Landscape;
 }
 
 } // namespace
@@ -63,12 +70,9 @@ kv::ReportType Report::fileType(const QString& fileName)
 
 bool Report::save(const QString& fileName)
 {
-    // A report that cannot be written leaves an existing file as it was.
-    if (!isKnownType(m_type)) {
-        m_errorString = unknownTypeMessage();
-        return false;
-    }
+    // Written aside and put in place whole: a failed save leaves an existing template as it was.
     QSaveFile file(fileName);
+    file.setDirectWriteFallback(true); // a folder we may not create files in
     if (!file.open(QIODevice::WriteOnly)) {
         information(file.errorString(), QMessageBox::Ok, QMessageBox::Ok);
         return false;
@@ -88,7 +92,7 @@ bool Report::save(const QString& fileName)
 bool Report::save(QDataStream& out)
 {
     if (!isKnownType(m_type)) {
-        m_errorString = unknownTypeMessage();
+        m_errorString = tr("未知的报表类型");
         return false;
     }
     out.setVersion(streamVersion);
@@ -126,8 +130,9 @@ bool Report::load(QDataStream& in)
         qint32 dpiX = 0, dpiY = 0, pageSize = 0, orientation = 0;
         QSizeF pageSizeF;
         in >> dpiX >> dpiY >> pageSize >> orientation >> pageSizeF;
-        // A header cut short would leave a page without size or resolution.
-        if (in.status() != QDataStream::Ok)
+        // A header cut short or damaged would leave a page without a usable size.
+        if (in.status() != QDataStream::Ok || !isPageSize(pageSize) || !isOrientation(orientation) ||
+            !qIsFinite(pageSizeF.width()) || !qIsFinite(pageSizeF.height()))
             throw tr("错误的文件格式");
         m_dpiX = dpiX;
         m_dpiY = dpiY;
@@ -144,6 +149,10 @@ bool Report::load(QDataStream& in)
         return true;
     } catch (const QString& message) {
         m_errorString = message;
+        return false;
+    } catch (const std::bad_alloc&) {
+        // A damaged count inside a payload asked for more memory than there is.
+        m_errorString = tr("错误的文件格式");
         return false;
     }
 }
@@ -167,18 +176,19 @@ bool Report::loadItems(QDataStream& in, QList<ReportItem*>& items) const
     if (count <= 0)
         return true;
     QList<ReportItem*> read;
+    ReportItem* item = nullptr;
     try {
         for (qint32 i = 0; i < count; ++i) {
-            ReportItem* item = nullptr;
             const bool ok = loadItem(in, item);
-            if (item)
-                read.append(item);
+            read.append(item);
+            item = nullptr;
             if (!ok) {
                 qDeleteAll(read);
                 return false;
             }
         }
     } catch (...) {
+        delete item; // made, but its payload could not be read
         qDeleteAll(read);
         throw;
     }

@@ -2,6 +2,8 @@
 
 #include "drawingitems.h"
 
+#include <core/information.h>
+
 #include <QFileDialog>
 #include <QImageReader>
 #include <QPixmap>
@@ -144,8 +146,11 @@ void ImageCreator::enter(QGraphicsView* view)
     GeneralRectCreator::enter(view);
     const QString filter = fileFilter();
     QWidget* parent = view ? view->window() : nullptr;
-    const QString fileName = m_chooser ? m_chooser(parent, filter)
-                                       : QFileDialog::getOpenFileName(parent, QString(), QString(), filter);
+    QString fileName;
+    if (m_chooser)
+        fileName = m_chooser(parent, filter);
+    else if (InformationLog::isInteractive()) // nobody could answer the dialog otherwise
+        fileName = QFileDialog::getOpenFileName(parent, QString(), QString(), filter);
     // Cancelled, or nowhere to put the picture.
     if (fileName.isEmpty() || !report()) {
         finish();

@@ -74,7 +74,7 @@ public:
     QString name() const override;
     ReportItem* create() override;
 
-    // The file dialog by default; replaceable where no user can answer it.
+    // The file dialog by default, or a cancel in a session that must not block (tests, tools).
     void setFileChooser(const FileChooser& chooser) { m_chooser = chooser; }
     // "All formats" over every image format this installation reads.
     static QString fileFilter();

@@ -455,6 +455,16 @@ void tst_ItemFactory::imageCreator()
     auto* tool = qobject_cast<ImageCreator*>(factory.creator("图像"));
     QVERIFY(tool);
 
+    // Where no user can answer, the dialog is not shown: the tool gives up at once.
+    {
+        ImageCreator unattended;
+        QSignalSpy done(&unattended, &ReportItemCreator::finished);
+        unattended.enter(&driver.view);
+        QCOMPARE(done.size(), 1);
+        QVERIFY(report.reportItems().isEmpty());
+        unattended.leave();
+    }
+
     QStringList patterns;
     for (const QByteArray& format : QImageReader::supportedImageFormats())
         patterns << "*." + QString::fromLatin1(format);
