@@ -218,11 +218,13 @@ void registerDragBenchmarks(const BenchConfig& config)
     for (int count : {config.dragSmall, config.dragLarge}) {
         benchmark::RegisterBenchmark(name::drag("ours", count).c_str(), dragHandle, count, config.dragMoves)
             ->Unit(benchmark::kMillisecond)
-            ->MinTime(0.2)
+            ->UseRealTime()
+        ->MinTime(0.2)
             ->Repetitions(config.repetitions);
         benchmark::RegisterBenchmark(name::drag("qt", count).c_str(), dragPlainHandle, count, config.dragMoves)
             ->Unit(benchmark::kMillisecond)
-            ->MinTime(0.2)
+            ->UseRealTime()
+        ->MinTime(0.2)
             ->Repetitions(config.repetitions);
     }
 }

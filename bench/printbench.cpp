@@ -149,20 +149,25 @@ void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspac
         const int iterations = qMax(1, 100 / count);
         benchmark::RegisterBenchmark(name::patients("ours", count).c_str(), printPatients, workspace, count)
             ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
             ->Iterations(iterations);
         benchmark::RegisterBenchmark(name::patients("floor", count).c_str(), patientFloor, workspace, count)
             ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
             ->Iterations(iterations);
     }
     for (int count : {config.scalingSmall, config.scalingLarge})
         benchmark::RegisterBenchmark(name::peakMemory(count).c_str(), peakMemory, workspace, count)
             ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
             ->Iterations(1);
     benchmark::RegisterBenchmark(name::qc("ours").c_str(), printQc, workspace, config.qcPoints)
         ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
         ->Iterations(1);
     benchmark::RegisterBenchmark(name::qc("floor").c_str(), qcFloor, workspace, config.qcPoints)
         ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
         ->Iterations(1);
 }
 

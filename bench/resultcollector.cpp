@@ -22,7 +22,7 @@ void ResultCollector::ReportRuns(const std::vector<Run>& runs)
             result.error = run.error_message.empty() ? "failed" : run.error_message;
         } else {
             const double iterations = run.iterations > 0 ? double(run.iterations) : 1.0;
-            result.secondsPerIteration = run.cpu_accumulated_time / iterations;
+            result.secondsPerIteration = run.real_accumulated_time / iterations;
             for (const auto& [key, counter] : run.counters)
                 result.counters[key] = counter.value;
         }

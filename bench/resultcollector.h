@@ -8,14 +8,14 @@
 namespace coagulation::bench {
 
 // Keeps the outcome of every benchmark instead of printing it, so that one table of ratios can be
-// printed at the end. With repetitions the median is kept. Times are the CPU time of the main
-// thread, where all the work runs: on a shared machine that is far steadier than wall time.
+// printed at the end. With repetitions the median is kept. Times are wall-clock times, what a
+// user waits for (disk syncs included).
 class ResultCollector : public benchmark::BenchmarkReporter
 {
 public:
     struct Result
     {
-        double secondsPerIteration = 0.0; // CPU time
+        double secondsPerIteration = 0.0;
         std::map<std::string, double> counters;
         std::string error; // empty when the benchmark ran
     };

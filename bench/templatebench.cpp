@@ -89,12 +89,14 @@ void registerTemplateBenchmarks(const BenchConfig& config, BenchWorkspace* works
     benchmark::RegisterBenchmark(name::templateFile("save", config.templateItems).c_str(), saveTemplate, workspace,
                                  config.templateItems)
         ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
         ->MinTime(0.2)
         ->Repetitions(config.repetitions);
     for (int count : {config.templateItemsSmall, config.templateItems})
         benchmark::RegisterBenchmark(name::templateFile("load", count).c_str(), loadTemplate, workspace, count)
             ->Unit(benchmark::kMillisecond)
-            ->MinTime(0.2)
+            ->UseRealTime()
+        ->MinTime(0.2)
             ->Repetitions(config.repetitions);
 }
 
