@@ -144,17 +144,20 @@ void qcFloor(benchmark::State& state, BenchWorkspace* workspace, int points)
 
 void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspace)
 {
-    // About a hundred pages per measurement, at least one job.
+    // About a hundred pages per measurement, at least one job; the largest job runs once.
     for (int count : config.patientCounts) {
         const int iterations = qMax(1, 100 / count);
+        const int repetitions = count >= 1000 ? 1 : config.repetitions;
         benchmark::RegisterBenchmark(name::patients("ours", count).c_str(), printPatients, workspace, count)
             ->Unit(benchmark::kMillisecond)
             ->UseRealTime()
-            ->Iterations(iterations);
+            ->Iterations(iterations)
+            ->Repetitions(repetitions);
         benchmark::RegisterBenchmark(name::patients("floor", count).c_str(), patientFloor, workspace, count)
             ->Unit(benchmark::kMillisecond)
             ->UseRealTime()
-            ->Iterations(iterations);
+            ->Iterations(iterations)
+            ->Repetitions(repetitions);
     }
     for (int count : {config.scalingSmall, config.scalingLarge})
         benchmark::RegisterBenchmark(name::peakMemory(count).c_str(), peakMemory, workspace, count)
@@ -163,12 +166,14 @@ void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspac
             ->Iterations(1);
     benchmark::RegisterBenchmark(name::qc("ours").c_str(), printQc, workspace, config.qcPoints)
         ->Unit(benchmark::kMillisecond)
-            ->UseRealTime()
-        ->Iterations(1);
+        ->UseRealTime()
+        ->Iterations(1)
+        ->Repetitions(config.repetitions);
     benchmark::RegisterBenchmark(name::qc("floor").c_str(), qcFloor, workspace, config.qcPoints)
         ->Unit(benchmark::kMillisecond)
-            ->UseRealTime()
-        ->Iterations(1);
+        ->UseRealTime()
+        ->Iterations(1)
+        ->Repetitions(config.repetitions);
 }
 
 int runPrintChild(const QStringList& arguments)
