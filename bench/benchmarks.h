@@ -18,8 +18,14 @@ inline std::string patients(const char* side, int count) // side: "ours" or "flo
 {
     return "patients/" + std::string(side) + '/' + std::to_string(count);
 }
-inline std::string peakMemory(int count) { return "memory/" + std::to_string(count); }
-inline std::string qc(const char* side) { return "qc/" + std::string(side); }
+inline std::string peakMemory(int count)
+{
+    return "memory/" + std::to_string(count);
+}
+inline std::string qc(const char* side)
+{
+    return "qc/" + std::string(side);
+}
 inline std::string templateFile(const char* what, int items) // what: "load" or "save"
 {
     return "template/" + std::string(what) + '/' + std::to_string(items);
@@ -44,8 +50,5 @@ void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspac
 // The child process of the memory measurement: prints the first COUNT patients of the profile's
 // database to PDF. Arguments: PROFILE COUNT PDF. Returns the exit code.
 int runPrintChild(const QStringList& arguments);
-
-
-
 
 } // namespace coagulation::bench

@@ -27,7 +27,8 @@ BenchWorkspace::BenchWorkspace(int patientCount)
     if (!DemoWorkspace::create(m_folder.path(), templates, patientCount, &m_errorString))
         return;
     m_profile = std::make_unique<Profile>(profileFileName());
-    m_workspace = std::make_unique<Workspace>(m_profile.get(), Workspace::templateDirectoryOf(m_profile.get()));
+    m_workspace =
+        std::make_unique<Workspace>(m_profile.get(), Workspace::templateDirectoryOf(m_profile.get()));
     m_itemFactory = std::make_unique<ItemFactory>(m_profile.get());
     QDir(m_folder.path()).mkpath(QStringLiteral("scratch"));
 }

@@ -36,8 +36,8 @@ QList<QRectF> pageOfRects(const QRectF& page, int count)
         const double cellW = page.width() / columns;
         const double cellH = page.height() / qMax(1, rows);
         for (int i = 0; i < columns * rows && int(rects.size()) < count; ++i) {
-            const QRectF cell(page.left() + (i % columns) * cellW, page.top() + (i / columns) * cellH, cellW * 0.8,
-                              cellH * 0.8);
+            const QRectF cell(page.left() + (i % columns) * cellW, page.top() + (i / columns) * cellH,
+                              cellW * 0.8, cellH * 0.8);
             if (!cell.intersects(clear))
                 rects.append(cell);
         }
@@ -86,7 +86,8 @@ private:
     void send(QEvent::Type type, const QPointF& scenePos, Qt::MouseButton button, Qt::MouseButtons buttons)
     {
         const QPoint local = m_view.mapFromScene(scenePos);
-        QMouseEvent event(type, local, m_view.viewport()->mapToGlobal(local), button, buttons, Qt::NoModifier);
+        QMouseEvent event(type, local, m_view.viewport()->mapToGlobal(local), button, buttons,
+                          Qt::NoModifier);
         QApplication::sendEvent(m_view.viewport(), &event);
     }
 
@@ -138,7 +139,8 @@ void dragHandle(benchmark::State& state, int count, int moves)
 class PlainCornerHandle : public QGraphicsRectItem
 {
 public:
-    PlainCornerHandle(QGraphicsRectItem* target, QGraphicsItem* container) : QGraphicsRectItem(container), m_target(target)
+    PlainCornerHandle(QGraphicsRectItem* target, QGraphicsItem* container)
+        : QGraphicsRectItem(container), m_target(target)
     {
         setRect(-3.5, -3.5, 7, 7);
         setFlags(QGraphicsItem::ItemIsMovable | QGraphicsItem::ItemIgnoresTransformations);
@@ -170,9 +172,13 @@ private:
     void place()
     {
         const QRectF r = m_target->rect();
-        const QList<QPointF> points = {r.topLeft(),     QPointF(r.center().x(), r.top()), r.topRight(),
-                                       QPointF(r.right(), r.center().y()), QPointF(r.center().x(), r.bottom()),
-                                       r.bottomLeft(),  QPointF(r.left(), r.center().y())};
+        const QList<QPointF> points = {r.topLeft(),
+                                       QPointF(r.center().x(), r.top()),
+                                       r.topRight(),
+                                       QPointF(r.right(), r.center().y()),
+                                       QPointF(r.center().x(), r.bottom()),
+                                       r.bottomLeft(),
+                                       QPointF(r.left(), r.center().y())};
         setPos(r.bottomRight());
         for (int i = 0; i < m_others.size(); ++i)
             m_others.at(i)->setPos(points.at(i));
@@ -219,12 +225,13 @@ void registerDragBenchmarks(const BenchConfig& config)
         benchmark::RegisterBenchmark(name::drag("ours", count).c_str(), dragHandle, count, config.dragMoves)
             ->Unit(benchmark::kMillisecond)
             ->UseRealTime()
-        ->MinTime(0.2)
+            ->MinTime(0.2)
             ->Repetitions(config.repetitions);
-        benchmark::RegisterBenchmark(name::drag("qt", count).c_str(), dragPlainHandle, count, config.dragMoves)
+        benchmark::RegisterBenchmark(name::drag("qt", count).c_str(), dragPlainHandle, count,
+                                     config.dragMoves)
             ->Unit(benchmark::kMillisecond)
             ->UseRealTime()
-        ->MinTime(0.2)
+            ->MinTime(0.2)
             ->Repetitions(config.repetitions);
     }
 }

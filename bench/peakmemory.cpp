@@ -43,7 +43,8 @@ long PeakMemory::ofProgram(const QString& program, const QStringList& arguments,
         return -1;
     }
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        *errorString = QStringLiteral("%1 %2 failed (status %3)").arg(program, arguments.join(QLatin1Char(' ')))
+        *errorString = QStringLiteral("%1 %2 failed (status %3)")
+                           .arg(program, arguments.join(QLatin1Char(' ')))
                            .arg(status);
         return -1;
     }

@@ -84,7 +84,8 @@ void peakMemory(benchmark::State& state, BenchWorkspace* workspace, int count)
     for (auto _ : state) {
         kib = PeakMemory::ofProgram(QCoreApplication::applicationFilePath(),
                                     {QStringLiteral("--print-child"), workspace->profileFileName(),
-                                     QString::number(count), workspace->scratchFile(QStringLiteral("memory.pdf"))},
+                                     QString::number(count),
+                                     workspace->scratchFile(QStringLiteral("memory.pdf"))},
                                     &error);
     }
     if (kib < 0)

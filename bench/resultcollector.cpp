@@ -27,7 +27,8 @@ void ResultCollector::ReportRuns(const std::vector<Run>& runs)
                 result.counters[key] = counter.value;
         }
         if (!aggregate && run.repetition_index + 1 >= run.repetitions)
-            std::fprintf(stderr, "  %-24s %s\n", name.c_str(), result.error.empty() ? "done" : result.error.c_str());
+            std::fprintf(stderr, "  %-24s %s\n", name.c_str(),
+                         result.error.empty() ? "done" : result.error.c_str());
         m_results[name] = result;
     }
 }

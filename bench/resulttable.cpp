@@ -78,7 +78,9 @@ void ResultTable::addPrintRows()
     }
 
     Row row;
-    row.what = QStringLiteral("scaling: per page, %1 / %2 patients").arg(m_config.scalingLarge).arg(m_config.scalingSmall);
+    row.what = QStringLiteral("scaling: per page, %1 / %2 patients")
+                   .arg(m_config.scalingLarge)
+                   .arg(m_config.scalingSmall);
     const double large = perPage(m_results.result(name::patients("ours", m_config.scalingLarge)));
     const double small = perPage(m_results.result(name::patients("ours", m_config.scalingSmall)));
     if (large >= 0 && small > 0) {
@@ -97,7 +99,8 @@ void ResultTable::addMemoryRow()
     const auto* large = m_results.result(name::peakMemory(m_config.scalingLarge));
     const auto* small = m_results.result(name::peakMemory(m_config.scalingSmall));
     Row row;
-    row.what = QStringLiteral("peak RSS: %1 / %2 patients").arg(m_config.scalingLarge).arg(m_config.scalingSmall);
+    row.what =
+        QStringLiteral("peak RSS: %1 / %2 patients").arg(m_config.scalingLarge).arg(m_config.scalingSmall);
     const double a = counterOf(large, counter::peakRssKiB);
     const double b = counterOf(small, counter::peakRssKiB);
     if (a > 0 && b > 0) {
@@ -137,7 +140,9 @@ void ResultTable::addTemplateRow()
     const auto* load = m_results.result(name::templateFile("load", m_config.templateItems));
     const auto* save = m_results.result(name::templateFile("save", m_config.templateItems));
     const auto* smallLoad = m_results.result(name::templateFile("load", m_config.templateItemsSmall));
-    const auto ran = [](const ResultCollector::Result* r) { return r && r->error.empty() && r->secondsPerIteration > 0; };
+    const auto ran = [](const ResultCollector::Result* r) {
+        return r && r->error.empty() && r->secondsPerIteration > 0;
+    };
 
     Row row;
     row.what = QStringLiteral("template %1 items: per item, load / save").arg(m_config.templateItems);
@@ -180,7 +185,8 @@ void ResultTable::addDragRow()
                        .arg(m_config.dragMoves)
                        .arg(m_config.dragLarge)
                        .arg(m_config.dragSmall);
-        if (large && small && large->error.empty() && small->error.empty() && small->secondsPerIteration > 0) {
+        if (large && small && large->error.empty() && small->error.empty() &&
+            small->secondsPerIteration > 0) {
             row.ours = milliseconds(large->secondsPerIteration);
             row.reference = milliseconds(small->secondsPerIteration);
             row.ratio = large->secondsPerIteration / small->secondsPerIteration;
@@ -209,8 +215,9 @@ void ResultTable::addRow(Row row)
 
 QString ResultTable::text() const
 {
-    const QStringList header = {QStringLiteral("measurement"), QStringLiteral("ours"), QStringLiteral("reference"),
-                                QStringLiteral("ratio"), QStringLiteral("target"), QString()};
+    const QStringList header = {QStringLiteral("measurement"), QStringLiteral("ours"),
+                                QStringLiteral("reference"),   QStringLiteral("ratio"),
+                                QStringLiteral("target"),      QString()};
     QList<QStringList> cells{header};
     for (const Row& row : m_rows) {
         cells.append({row.what, row.ours, row.reference,

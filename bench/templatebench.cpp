@@ -15,9 +15,14 @@ namespace {
 
 // The item kinds a patient template is made of: drawing items and data-bound ones.
 const QStringList itemKeys = {
-    QStringLiteral("Text"),        QStringLiteral("Line"),           QStringLiteral("Rect"),
-    QStringLiteral("prop:/date"),  QStringLiteral("prop:/page"),     QStringLiteral("profile:/hospital"),
-    QStringLiteral("field:/patient/name"), QStringLiteral("field:/patient/sampleNo"),
+    QStringLiteral("Text"),
+    QStringLiteral("Line"),
+    QStringLiteral("Rect"),
+    QStringLiteral("prop:/date"),
+    QStringLiteral("prop:/page"),
+    QStringLiteral("profile:/hospital"),
+    QStringLiteral("field:/patient/name"),
+    QStringLiteral("field:/patient/sampleNo"),
 };
 
 // A patient report with `count` items spread over the page.
@@ -67,7 +72,8 @@ void loadTemplate(benchmark::State& state, BenchWorkspace* workspace, int count)
         QString error;
         const std::unique_ptr<Report> report = largeTemplate(workspace, count, &error);
         if (!report || !report->save(fileName)) {
-            state.SkipWithError(report ? report->errorString().toUtf8().constData() : error.toUtf8().constData());
+            state.SkipWithError(report ? report->errorString().toUtf8().constData()
+                                       : error.toUtf8().constData());
             return;
         }
     }
@@ -86,17 +92,18 @@ void loadTemplate(benchmark::State& state, BenchWorkspace* workspace, int count)
 
 void registerTemplateBenchmarks(const BenchConfig& config, BenchWorkspace* workspace)
 {
-    benchmark::RegisterBenchmark(name::templateFile("save", config.templateItems).c_str(), saveTemplate, workspace,
-                                 config.templateItems)
+    benchmark::RegisterBenchmark(name::templateFile("save", config.templateItems).c_str(), saveTemplate,
+                                 workspace, config.templateItems)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime()
         ->MinTime(0.2)
         ->Repetitions(config.repetitions);
     for (int count : {config.templateItemsSmall, config.templateItems})
-        benchmark::RegisterBenchmark(name::templateFile("load", count).c_str(), loadTemplate, workspace, count)
+        benchmark::RegisterBenchmark(name::templateFile("load", count).c_str(), loadTemplate, workspace,
+                                     count)
             ->Unit(benchmark::kMillisecond)
             ->UseRealTime()
-        ->MinTime(0.2)
+            ->MinTime(0.2)
             ->Repetitions(config.repetitions);
 }
 
