@@ -1,6 +1,7 @@
 #pragma once
 
 // The whole creator catalogue; hosts include this one header.
+#include "chartcreators.h"
 #include "datacreators.h"
 #include "generalcreator.h"
 #include "maintenancecreators.h"

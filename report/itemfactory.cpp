@@ -116,7 +116,7 @@ void ItemFactory::registerQcInformation(CreatorFactory* propFactory)
     registerProxy(propFactory, group, QStringLiteral("prop:/qc/unit"), tr("项目单位"));
     // An example file number serves as the label.
     registerProxy(propFactory, group, QStringLiteral("prop:/qc/fileno"), tr("QC01"));
-    // QcChartCreator(group, this) belongs here, ahead of the tables.
+    registerCreator(new QcChartCreator(group, this));
     registerCreator(new QcInfoTableCreator(group, this));
     registerCreator(new QcInfoDetailsTableCreator(group, this));
     registerCreator(new QcTableCreator(group, this));
@@ -126,7 +126,7 @@ void ItemFactory::registerMaintenanceRecords()
 {
     const QString group = tr("维护记录");
     registerCreator(new MaintenanceMonthCreator(group, this));
-    // Next: the record table, MaintenanceRecordCreator(group, this).
+    registerCreator(new MaintenanceRecordCreator(group, this));
     registerCreator(new MaintenanceOperatorCreator(group, this));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 // All report item families; hosts include this one header.
+#include "chartitems.h"
 #include "databounditems.h"
 #include "drawingitems.h"
 #include "multicoltableitems.h"

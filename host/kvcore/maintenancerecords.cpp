@@ -24,7 +24,7 @@ QList<Workbench> MaintenanceRecords::workbenches() const
         return list;
     }
     while (query.next())
-        list.append(Workbench(query.value(0).toInt(), query.value(1).toString()));
+        list.append(Workbench(query.value(0).toInt(), query.value(1).toString(), m_profile));
     return list;
 }
 

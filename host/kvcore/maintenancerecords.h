@@ -17,7 +17,7 @@ class KVCORE_EXPORT MaintenanceRecords
 public:
     explicit MaintenanceRecords(Profile* profile);
 
-    // All workbenches, by id.
+    // All workbenches, by id, each tied to this reader's profile.
     QList<Workbench> workbenches() const;
 
     // The records of one workbench and record type in the month of `month` (any day of it), by

@@ -73,6 +73,7 @@ Catalogue qcInformation()
             proxy("质控信息", "prop:/qc/abbr", "项目缩写"),
             proxy("质控信息", "prop:/qc/unit", "项目单位"),
             proxy("质控信息", "prop:/qc/fileno", "QC01"),
+            {"coagulation::QcChartCreator", {"QcChart"}, "质控图", "质控信息", "toolChart"},
             {"coagulation::QcInfoTableCreator", {"QcControlInfo"}, "多规则/上下限值", "质控信息", "toolText"},
             {"coagulation::QcInfoDetailsTableCreator",
              {"QcControlInfoDetails"},
@@ -86,6 +87,11 @@ Catalogue maintenanceRecords()
 {
     return {
         {"coagulation::MaintenanceMonthCreator", {"MaintenanceMonth"}, "维护月份", "维护记录", "toolText"},
+        {"coagulation::MaintenanceRecordCreator",
+         {"MaintenanceRecord"},
+         "维护记录表",
+         "维护记录",
+         "toolChart"},
         {"coagulation::MaintenanceOperatorCreator",
          {"MaintenanceOperator"},
          "操作者",
@@ -131,6 +137,10 @@ QString kindOf(const ReportItem* item)
         return QStringLiteral("prop ") + prop->propName();
     if (auto* value = dynamic_cast<const ReportProfileItem*>(item))
         return QStringLiteral("profile ") + value->propName();
+    if (dynamic_cast<const ReportQcChartItem*>(item))
+        return QStringLiteral("qc chart");
+    if (dynamic_cast<const ReportMaintenanceRecordItem*>(item))
+        return QStringLiteral("maintenance table");
     if (auto* patient = dynamic_cast<const ReportPatientTableItem*>(item))
         return patient->profile() ? QStringLiteral("patient table")
                                   : QStringLiteral("patient table, no profile");
@@ -259,6 +269,10 @@ void tst_ItemFactory::create_data()
                            << "month";
     QTest::newRow("operator") << "MaintenanceOperator"
                               << "operator";
+    QTest::newRow("qc chart") << "QcChart"
+                              << "qc chart";
+    QTest::newRow("maintenance table") << "MaintenanceRecord"
+                                       << "maintenance table";
     QTest::newRow("Results") << "Results"
                              << "patient table";
     QTest::newRow("结果") << "结果"

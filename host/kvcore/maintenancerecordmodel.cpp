@@ -1,0 +1,128 @@
+#include "maintenancerecordmodel.h"
+
+#include "maintenancerecords.h"
+#include "workbench.h"
+
+namespace coagulation {
+
+namespace {
+
+// Results that say nothing beyond "done": the cell then only names the operator.
+bool isNotable(const QString& result)
+{
+    return !result.isEmpty() && result != QStringLiteral("正常") && result != QStringLiteral("已完成");
+}
+
+// Long task names break into lines of a few characters so that the columns stay narrow.
+QString wrapped(const QString& text, int width)
+{
+    QString out;
+    for (int i = 0; i < text.size(); i += width) {
+        if (i > 0)
+            out += QLatin1Char('\n');
+        out += text.mid(i, width);
+    }
+    return out;
+}
+
+} // namespace
+
+MaintenanceRecordModel::MaintenanceRecordModel(Workbench* workbench, const QDate& month,
+                                               MaintenanceManager::RecordType recordType, QObject* parent)
+    : QAbstractTableModel(parent), m_workbench(workbench), m_month(month), m_recordType(recordType)
+{
+    read();
+}
+
+void MaintenanceRecordModel::updateInfo(Workbench* workbench, const QDate& month,
+                                        MaintenanceManager::RecordType recordType)
+{
+    beginResetModel();
+    m_workbench = workbench;
+    m_month = month;
+    m_recordType = recordType;
+    read();
+    endResetModel();
+}
+
+void MaintenanceRecordModel::read()
+{
+    m_records.clear();
+    m_days.clear();
+    m_tasks.clear();
+    m_cells.clear();
+    m_remarks.clear();
+    if (!m_workbench)
+        return;
+    m_records = MaintenanceRecords(m_workbench->profile()).records(m_workbench, m_month, m_recordType);
+    // Tasks in the order they were first done; days in date order (the records come sorted).
+    for (const MaintenanceRecord& record : m_records) {
+        if (!m_tasks.contains(record.task))
+            m_tasks.append(record.task);
+    }
+    for (const MaintenanceRecord& record : m_records) {
+        if (m_days.isEmpty() || m_days.last() != record.date) {
+            m_days.append(record.date);
+            m_cells.append(QList<Cell>(m_tasks.size()));
+            m_remarks.append(QStringList());
+        }
+        Cell& cell = m_cells.last()[m_tasks.indexOf(record.task)];
+        if (!record.operatorName.isEmpty() && !cell.operators.contains(record.operatorName))
+            cell.operators.append(record.operatorName);
+        if (isNotable(record.result))
+            cell.notableResults.append(record.result);
+        if (!record.remark.isEmpty())
+            m_remarks.last().append(record.remark);
+    }
+}
+
+int MaintenanceRecordModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(m_days.size());
+}
+
+int MaintenanceRecordModel::columnCount(const QModelIndex& parent) const
+{
+    // With no records one column says so.
+    return parent.isValid() ? 0 : int(m_tasks.size()) + 1;
+}
+
+QVariant MaintenanceRecordModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || index.row() >= m_days.size() || index.column() > m_tasks.size())
+        return QVariant();
+    if (isRemarkColumn(index.column())) {
+        if (role == Qt::DisplayRole)
+            return m_remarks.at(index.row()).join(QStringLiteral("；"));
+        return QVariant();
+    }
+    const Cell& cell = m_cells.at(index.row()).at(index.column());
+    switch (role) {
+    case Qt::DisplayRole: {
+        QString text = cell.operators.join(QStringLiteral("、"));
+        if (!cell.notableResults.isEmpty())
+            text += QLatin1Char('\n') + cell.notableResults.join(QStringLiteral("、"));
+        return text;
+    }
+    case NotableResultRole:
+        return !cell.notableResults.isEmpty();
+    default:
+        return QVariant();
+    }
+}
+
+QVariant MaintenanceRecordModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role != Qt::DisplayRole || section < 0)
+        return QVariant();
+    if (orientation == Qt::Vertical)
+        return section < m_days.size() ? QVariant(m_days.at(section).toString(QStringLiteral("MM-dd")))
+                                       : QVariant();
+    if (section < m_tasks.size())
+        return wrapped(m_tasks.at(section), 5);
+    if (section == m_tasks.size())
+        return m_tasks.isEmpty() ? tr("无记录") : tr("备注");
+    return QVariant();
+}
+
+} // namespace coagulation

@@ -1,0 +1,74 @@
+#include "maintenancetableview.h"
+
+#include <QAbstractButton>
+#include <QEvent>
+#include <QHeaderView>
+#include <QStyleOptionHeader>
+#include <QStylePainter>
+
+namespace coagulation {
+
+MaintenanceTableView::MaintenanceTableView(MaintenanceManager::RecordType recordType, QWidget* parent)
+    : QTableView(parent), m_cornerButton(findChild<QAbstractButton*>())
+{
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionMode(QAbstractItemView::NoSelection);
+    setFocusPolicy(Qt::NoFocus);
+    setCornerButtonEnabled(false);
+    setWordWrap(true);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    // The corner button is the table's title cell.
+    if (m_cornerButton)
+        m_cornerButton->installEventFilter(this);
+    setTitle(recordType);
+}
+
+void MaintenanceTableView::setTitle(MaintenanceManager::RecordType recordType)
+{
+    m_title = MaintenanceManager::recordTypeName(recordType);
+    const QFontMetrics metrics(verticalHeader()->font());
+    verticalHeader()->setMinimumWidth(metrics.horizontalAdvance(m_title) + 2 * metrics.averageCharWidth());
+    updateGeometries();
+    if (m_cornerButton)
+        m_cornerButton->update();
+}
+
+void MaintenanceTableView::setModel(QAbstractItemModel* model)
+{
+    if (QAbstractItemModel* old = this->model())
+        disconnect(old, &QAbstractItemModel::modelReset, this, &MaintenanceTableView::fitContents);
+    QTableView::setModel(model);
+    if (model)
+        connect(model, &QAbstractItemModel::modelReset, this, &MaintenanceTableView::fitContents);
+}
+
+void MaintenanceTableView::fitContents()
+{
+    resizeColumnsToContents();
+    resizeRowsToContents();
+    updateGeometries();
+}
+
+bool MaintenanceTableView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_cornerButton && event->type() == QEvent::Paint) {
+        QStylePainter painter(m_cornerButton);
+        QStyleOptionHeader option;
+        // Styled like the header beside it: the button itself is disabled (no select-all).
+        option.initFrom(verticalHeader());
+        option.rect = m_cornerButton->rect();
+        option.position = QStyleOptionHeader::OnlyOneSection;
+        option.textAlignment = Qt::AlignCenter;
+        option.text = m_title;
+        painter.setFont(verticalHeader()->font());
+        painter.drawControl(QStyle::CE_Header, option);
+        return true;
+    }
+    return QTableView::eventFilter(watched, event);
+}
+
+} // namespace coagulation

@@ -1,0 +1,471 @@
+#include "../common/viewdriver.h"
+#include "../common/widgetitemtesting.h"
+
+#include <chartitems.h>
+#include <core/profile.h>
+#include <itemfactory.h>
+#include <kvcore/maintenanceexportdata.h>
+#include <kvcore/maintenancerecorddelegate.h>
+#include <kvcore/maintenancerecordmodel.h>
+#include <kvcore/maintenancerecords.h>
+#include <kvcore/maintenancetableview.h>
+#include <kvcore/workspace.h>
+#include <labdata/labdatabasegenerator.h>
+#include <recttracker.h>
+#include <report.h>
+#include <reportprinter.h>
+
+#include <QDataStream>
+#include <QDir>
+#include <QHeaderView>
+#include <QPainter>
+#include <QSqlQuery>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <memory>
+
+using namespace coagulation;
+
+namespace {
+
+struct Lab
+{
+    Lab()
+    {
+        LabDatabaseGenerator generator(&profile, 7);
+        generator.setPatientCount(0);
+        generator.setQcPointCount(0);
+        generator.setMaintenanceMonths(2);
+        ok = generator.generate();
+        workbenches = MaintenanceRecords(&profile).workbenches();
+    }
+    Profile profile;
+    bool ok = false;
+    QList<Workbench> workbenches;
+};
+
+// Records straight from the database: "MM-dd task operator result remark" per record.
+QStringList databaseRecords(Profile* profile, int workbench, int recordType, const QString& month)
+{
+    QSqlQuery query(profile->qcDatabase());
+    query.prepare(QStringLiteral("select date, task, operator, result, remark from maintenanceRecord where "
+                                 "workbench = ? and recordType = ? and date like ? order by date, id"));
+    query.addBindValue(workbench);
+    query.addBindValue(recordType);
+    query.addBindValue(QString(month + QStringLiteral("-%")));
+    QStringList rows;
+    if (!query.exec())
+        return rows;
+    while (query.next()) {
+        QStringList row;
+        for (int i = 0; i < 5; ++i)
+            row.append(query.value(i).toString());
+        rows.append(row.join(QLatin1Char('|')));
+    }
+    return rows;
+}
+
+QStringList titles(const QList<ReportMaintenanceRecordItem*>& items)
+{
+    QStringList list;
+    for (ReportMaintenanceRecordItem* item : items)
+        list.append(item->view()->title());
+    return list;
+}
+
+} // namespace
+
+class tst_MaintenanceRecord : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void construction();
+    void consecutiveRecordTypes();
+    void monthOfRealRecords();
+    void sizedToContents();
+    void noMaintenanceData();
+    void printedTable();
+    void maintenancePrintJob();
+    void mouseStaysWithTheItem();
+    void payloadRoundTrip();
+
+private:
+    std::unique_ptr<Lab> m_lab; // generated once: read only by the tests
+};
+
+void tst_MaintenanceRecord::initTestCase()
+{
+    m_lab = std::make_unique<Lab>();
+    QVERIFY(m_lab->ok);
+    QCOMPARE(m_lab->workbenches.size(), 2);
+}
+
+void tst_MaintenanceRecord::construction()
+{
+    ReportMaintenanceRecordItem item;
+    MaintenanceTableView* view = item.view();
+    QCOMPARE(item.widget(), view);
+    QCOMPARE(view->title(), QStringLiteral("日保养"));
+    auto* model = qobject_cast<MaintenanceRecordModel*>(view->model());
+    QVERIFY(model);
+    QVERIFY(!model->workbench());
+    QCOMPARE(model->month(), QDate::currentDate());
+    QCOMPARE(model->recordType(), MaintenanceManager::DailyMaintenance);
+    QVERIFY(qobject_cast<MaintenanceRecordDelegate*>(view->itemDelegate()));
+    QCOMPARE(model->rowCount(), 0);
+    QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("无记录"));
+    QCOMPARE(item.focusPolicy(), Qt::NoFocus);
+    QVERIFY(item.flags() & QGraphicsItem::ItemIsMovable);
+    QVERIFY(item.flags() & QGraphicsItem::ItemIsSelectable);
+    QVERIFY(item.flags() & QGraphicsItem::ItemSendsScenePositionChanges);
+    // The default style pair: pen and brush are not the table's to change.
+    item.setPen(QPen(Qt::red, 3));
+    QCOMPARE(item.pen(), QPen());
+    std::unique_ptr<Tracker> tracker(item.createTracker());
+    QVERIFY(dynamic_cast<RectTracker*>(tracker.get()));
+}
+
+void tst_MaintenanceRecord::consecutiveRecordTypes()
+{
+    Lab& lab = *m_lab;
+    QVERIFY(!lab.workbenches.isEmpty());
+    Report report(&lab.profile, nullptr);
+    auto* upper = new ReportMaintenanceRecordItem;
+    auto* lower = new ReportMaintenanceRecordItem;
+    report.addItem(upper);
+    report.addItem(lower);
+    upper->setZValue(2); // filled first
+    lower->setZValue(1);
+
+    Workbench workbench = lab.workbenches.first();
+    MaintenanceExportData data{&workbench, QDate(2024, 6, 12), MaintenanceManager::MonthlyMaintenance};
+    report.prepareMaintenanceData(&data);
+    QCOMPARE(titles({upper, lower}), (QStringList{QStringLiteral("日保养"), QStringLiteral("周保养")}));
+    QCOMPARE(int(data.recordType), 3);
+    auto* upperModel = qobject_cast<MaintenanceRecordModel*>(upper->view()->model());
+    auto* lowerModel = qobject_cast<MaintenanceRecordModel*>(lower->view()->model());
+    QCOMPARE(upperModel->recordType(), MaintenanceManager::DailyMaintenance);
+    QCOMPARE(lowerModel->recordType(), MaintenanceManager::WeeklyMaintenance);
+    QCOMPARE(upperModel->workbench(), &workbench);
+    QCOMPARE(upperModel->month(), QDate(2024, 6, 12));
+
+    // Filling again without resetting the data carries on where the last table stopped.
+    for (ReportItem* item : report.reportItems())
+        item->updateData();
+    QCOMPARE(titles({upper, lower}), (QStringList{QStringLiteral("月保养"), QString()}));
+    QCOMPARE(int(data.recordType), 5);
+    QVERIFY(upperModel->rowCount() > 0);
+    QCOMPARE(lowerModel->rowCount(), 0); // no such record type
+
+    // A new maintenance job starts over.
+    report.prepareMaintenanceData(&data);
+    QCOMPARE(titles({upper, lower}), (QStringList{QStringLiteral("日保养"), QStringLiteral("周保养")}));
+}
+
+void tst_MaintenanceRecord::monthOfRealRecords()
+{
+    Lab& lab = *m_lab;
+    QCOMPARE(lab.workbenches.size(), 2);
+    for (const Workbench& bench : lab.workbenches) {
+        for (const int type : {1, 2, 3}) {
+            const QStringList expected =
+                databaseRecords(&lab.profile, bench.id(), type, QStringLiteral("2024-06"));
+            QVERIFY(!expected.isEmpty());
+            Workbench workbench = bench;
+            MaintenanceRecordModel model(&workbench, QDate(2024, 6, 30),
+                                         MaintenanceManager::RecordType(type));
+            // Every record lands in its day's row and its task's column, nothing is lost.
+            QStringList shown;
+            QSet<QString> days;
+            for (const QString& line : expected) {
+                const QStringList f = line.split(QLatin1Char('|'));
+                const QString day = QDate::fromString(f.at(0), Qt::ISODate).toString(QStringLiteral("MM-dd"));
+                days.insert(day);
+                int row = -1;
+                for (int r = 0; r < model.rowCount(); ++r) {
+                    if (model.headerData(r, Qt::Vertical).toString() == day)
+                        row = r;
+                }
+                int column = -1;
+                for (int c = 0; c < model.columnCount() - 1; ++c) {
+                    if (model.headerData(c, Qt::Horizontal).toString().remove(QLatin1Char('\n')) == f.at(1))
+                        column = c;
+                }
+                QVERIFY2(row >= 0 && column >= 0, qPrintable(line));
+                const QModelIndex cell = model.index(row, column);
+                const QString text = cell.data().toString();
+                QVERIFY2(text.startsWith(f.at(2)), qPrintable(line + QStringLiteral(" shows ") + text));
+                const bool notable = f.at(3) != QStringLiteral("正常") && f.at(3) != QStringLiteral("已完成");
+                QVERIFY2(text.contains(f.at(3)) == notable,
+                         qPrintable(line + QStringLiteral(" shows ") + text));
+                QCOMPARE(cell.data(MaintenanceRecordModel::NotableResultRole).toBool(), notable);
+                const QString remarks = model.index(row, model.columnCount() - 1).data().toString();
+                QVERIFY(remarks.contains(f.at(4)));
+                shown.append(f.at(1));
+            }
+            QCOMPARE(model.rowCount(), days.size());
+            QCOMPARE(model.headerData(model.columnCount() - 1, Qt::Horizontal).toString(),
+                     QStringLiteral("备注"));
+        }
+    }
+    // The month is the month of the day given; another month shows other days.
+    Workbench workbench = lab.workbenches.first();
+    MaintenanceRecordModel model(&workbench, QDate(2024, 5, 2), MaintenanceManager::DailyMaintenance);
+    QCOMPARE(model.headerData(0, Qt::Vertical).toString().left(2), QStringLiteral("05"));
+    model.updateInfo(&workbench, QDate(2023, 1, 1), MaintenanceManager::DailyMaintenance);
+    QCOMPARE(model.rowCount(), 0);
+    // A workbench of no profile has no records to read.
+    Workbench stray(1, QStringLiteral("1号凝血分析仪"));
+    model.updateInfo(&stray, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance);
+    QCOMPARE(model.rowCount(), 0);
+}
+
+void tst_MaintenanceRecord::sizedToContents()
+{
+    Lab& lab = *m_lab;
+    Report report(&lab.profile, nullptr);
+    auto* item = new ReportMaintenanceRecordItem;
+    report.addItem(item);
+    Workbench workbench = lab.workbenches.first();
+    MaintenanceExportData data{&workbench, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance};
+    report.prepareMaintenanceData(&data);
+
+    MaintenanceTableView* view = item->view();
+    const int rows = view->model()->rowCount();
+    const int columns = view->model()->columnCount();
+    QVERIFY(rows > 20);
+    QCOMPARE(columns, 6); // five daily tasks and the remarks
+    int height = view->horizontalHeader()->height();
+    for (int r = 0; r < rows; ++r)
+        height += view->rowHeight(r);
+    int width = view->verticalHeader()->width();
+    for (int c = 0; c < columns; ++c)
+        width += view->columnWidth(c);
+    QCOMPARE(view->size(), QSize(width, height));
+    QCOMPARE(view->minimumSize(), view->maximumSize());
+    QCOMPARE(item->size(), QSizeF(width, height));
+    // Every column fits its widest text, and the corner fits the title.
+    const QFontMetrics metrics(view->font());
+    QVERIFY(view->verticalHeader()->width() >= metrics.horizontalAdvance(QStringLiteral("日保养")));
+    for (int c = 0; c < columns; ++c) {
+        for (int r = 0; r < rows; ++r) {
+            const QStringList lines = view->model()->index(r, c).data().toString().split(QLatin1Char('\n'));
+            for (const QString& line : lines)
+                QVERIFY(view->columnWidth(c) >= metrics.horizontalAdvance(line));
+        }
+    }
+}
+
+void tst_MaintenanceRecord::noMaintenanceData()
+{
+    Profile profile;
+    Report report(&profile, nullptr);
+    auto* item = new ReportMaintenanceRecordItem;
+    report.addItem(item);
+    const QSize before = item->view()->size();
+    item->updateData(); // a patient or QC report binds no maintenance data
+    report.fetchData(1, profile.dataDatabase());
+    QCOMPARE(item->view()->title(), QStringLiteral("日保养"));
+    QCOMPARE(item->view()->size(), before);
+    QCOMPARE(item->view()->minimumWidth(), 0);
+    // Outside a scene nothing happens either.
+    ReportMaintenanceRecordItem loose;
+    loose.updateData();
+    QCOMPARE(loose.view()->title(), QStringLiteral("日保养"));
+}
+
+void tst_MaintenanceRecord::printedTable()
+{
+    Lab& lab = *m_lab;
+    Report report(&lab.profile, nullptr);
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    font.setPixelSize(11);
+    QList<ReportMaintenanceRecordItem*> items;
+    double y = 40;
+    for (int i = 0; i < 3; ++i) {
+        auto* item = new ReportMaintenanceRecordItem;
+        item->setFont(font);
+        item->setZValue(10 - i);
+        report.addItem(item);
+        items.append(item);
+    }
+    Workbench workbench = lab.workbenches.at(1);
+    MaintenanceExportData data{&workbench, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance};
+    report.prepareMaintenanceData(&data);
+    for (ReportMaintenanceRecordItem* item : items) {
+        item->setPos(40, y);
+        y += item->size().height() + 20;
+    }
+    QVERIFY2(y < report.sceneRect().height(), "three tables of a month fit on one page");
+
+    QTemporaryDir tmp;
+    const QString pdfPath =
+        QDir(test::outputDir(QStringLiteral("maintenance"), tmp)).filePath(QStringLiteral("maintenance.pdf"));
+    test::printToPdf(report, pdfPath, 300);
+
+    // The table's own pixels are what is printed (the proxy paints the widget).
+    QImage page(report.sceneRect().size().toSize() + QSize(1, 1), QImage::Format_RGB32);
+    page.fill(Qt::white);
+    {
+        QPainter painter(&page); // one scene unit to a pixel
+        report.render(&painter, QRectF(QPointF(0, 0), report.sceneRect().size()), report.sceneRect());
+    }
+    for (ReportMaintenanceRecordItem* item : items) {
+        const QImage table = item->view()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QCOMPARE(table.size(), item->size().toSize());
+        QCOMPARE(page.copy(QRect(item->pos().toPoint(), table.size())), table);
+        // The title in the corner is as dark as the rest of the header, not greyed out.
+        const QImage corner =
+            page.copy(QRect(item->pos().toPoint(), QSize(item->view()->verticalHeader()->width(),
+                                                         item->view()->horizontalHeader()->height())));
+        int dark = 0;
+        for (int y = 0; y < corner.height(); ++y) {
+            for (int x = 0; x < corner.width(); ++x)
+                dark += qGray(corner.pixel(x, y)) < 80 ? 1 : 0;
+        }
+        QVERIFY2(dark > 10, qPrintable(item->view()->title()));
+    }
+
+    // On paper: ink only where the three tables stand, and their bottom rows reach the paper.
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+        QSKIP("pdftoppm is not installed");
+    const QImage png = test::pdfToPng(pdfPath);
+    QVERIFY(!png.isNull());
+    const double scale = png.width() / report.sceneRect().width();
+    int inkOutside = 0;
+    QList<int> inkInBottomRow(items.size(), 0);
+    for (int y = 0; y < png.height(); ++y) {
+        for (int x = 0; x < png.width(); ++x) {
+            if (qGray(png.pixel(x, y)) > 200)
+                continue;
+            const QPointF at(x / scale, y / scale);
+            bool inside = false;
+            for (int i = 0; i < items.size(); ++i) {
+                const QRectF rect = items.at(i)->sceneBoundingRect().adjusted(-2, -2, 2, 2);
+                if (rect.contains(at)) {
+                    inside = true;
+                    if (at.y() > rect.bottom() - 30)
+                        ++inkInBottomRow[i];
+                }
+            }
+            inkOutside += inside ? 0 : 1;
+        }
+    }
+    QCOMPARE(inkOutside, 0);
+    for (const int ink : inkInBottomRow)
+        QVERIFY(ink > 50);
+}
+
+void tst_MaintenanceRecord::maintenancePrintJob()
+{
+    // Two tables on a maintenance template, printed by the printing service: daily and weekly.
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    Lab& lab = *m_lab;
+    const QDir templates(dir.filePath(QStringLiteral("templates")));
+    QVERIFY(QDir().mkpath(templates.path()));
+    Workspace workspace(&lab.profile, templates);
+    ReportPrinter printer;
+    printer.setWorkspace(&workspace);
+    const QList<QPointF> places = {QPointF(40, 40), QPointF(600, 40)};
+    {
+        Report report(&lab.profile, printer.itemFactory());
+        report.setType(kv::MaintenanceRecordReport);
+        report.setOrientation(QPageLayout::Landscape);
+        for (const QPointF& place : places) {
+            ReportItem* item = printer.itemFactory()->create(QStringLiteral("MaintenanceRecord"));
+            QVERIFY(dynamic_cast<ReportMaintenanceRecordItem*>(item));
+            item->setKey(QStringLiteral("MaintenanceRecord"));
+            report.addItem(item->graphicsItem());
+            item->graphicsItem()->setPos(place);
+        }
+        QVERIFY(report.save(templates.filePath(QStringLiteral("maintenance.rpt"))));
+    }
+    lab.profile.setValue(QStringLiteral("report/maintenanceRecord"), QStringLiteral("maintenance"));
+
+    Workbench workbench = lab.workbenches.first();
+    MaintenanceExportData data{&workbench, QDate(2024, 6, 1), MaintenanceManager::MonthlyMaintenance};
+    QTemporaryDir tmp;
+    const QString pdfPath =
+        QDir(test::outputDir(QStringLiteral("maintenance"), tmp)).filePath(QStringLiteral("job.pdf"));
+    printer.setOutputFileName(pdfPath);
+    QVERIFY(printer.store(&data, DataStorage::StoreAtOnce));
+    QCOMPARE(int(data.recordType), 3); // daily and weekly were printed
+
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+        QSKIP("pdftoppm is not installed");
+    const QImage png = test::pdfToPng(pdfPath);
+    QVERIFY(!png.isNull());
+    QVERIFY(png.width() > png.height()); // landscape
+    // Both tables are on paper, each reaching down as far as its rows: the daily one far lower.
+    const auto lowestInk = [&](const QPointF& place) {
+        const double scale = png.width() / 1122.5; // A4 landscape at 96 dpi
+        int lowest = -1;
+        for (int y = int(place.y() * scale); y < png.height(); ++y) {
+            for (int x = int(place.x() * scale); x < int((place.x() + 150) * scale); ++x) {
+                if (qGray(png.pixel(x, y)) < 128)
+                    lowest = y;
+            }
+        }
+        return lowest / scale;
+    };
+    const double daily = lowestInk(places.at(0));
+    const double weekly = lowestInk(places.at(1));
+    QVERIFY2(weekly > 100 && daily > weekly + 300,
+             qPrintable(QStringLiteral("%1 %2").arg(daily).arg(weekly)));
+}
+
+void tst_MaintenanceRecord::mouseStaysWithTheItem()
+{
+    Profile profile;
+    Report report(&profile, nullptr);
+    report.setDesignMode(true);
+    auto* item = new ReportMaintenanceRecordItem;
+    report.addItem(item);
+    item->setPos(100, 100);
+    item->setGeometry(QPolygonF({QPointF(0, 0), QPointF(300, 150)}));
+    test::MouseCounter counter;
+    item->view()->installEventFilter(&counter);
+    item->view()->viewport()->installEventFilter(&counter);
+    item->view()->horizontalHeader()->viewport()->installEventFilter(&counter);
+
+    test::ViewDriver driver(&report);
+    for (const QPointF& at : {QPointF(150, 110), QPointF(250, 200)}) {
+        driver.press(at);
+        driver.release(at);
+        QVERIFY(item->isSelected());
+        const QPoint local = driver.view.mapFromScene(at);
+        QWheelEvent wheel(local, driver.view.viewport()->mapToGlobal(local), QPoint(), QPoint(0, -120),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(driver.view.viewport(), &wheel);
+        QTest::mouseDClick(driver.view.viewport(), Qt::LeftButton, Qt::NoModifier, local);
+    }
+    QCOMPARE(counter.count, 0);
+    const QPointF before = item->pos();
+    driver.drag(QPointF(200, 180), QPointF(260, 220));
+    QCOMPARE(counter.count, 0);
+    QVERIFY(item->pos() != before);
+}
+
+void tst_MaintenanceRecord::payloadRoundTrip()
+{
+    ReportMaintenanceRecordItem item;
+    item.setGeometry(QPolygonF({QPointF(0, 0), QPointF(500, 300)}));
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    font.setPixelSize(10);
+    item.setFont(font);
+    const QByteArray bytes = test::payloadOf(&item);
+    QCOMPARE(bytes, test::streamed(qint8(1), QRectF(0, 0, 500, 300), QPen(), QBrush(), font));
+    ReportMaintenanceRecordItem copy;
+    QVERIFY(test::loadPayload(&copy, bytes));
+    QCOMPARE(copy.geometry(), QPolygonF({QPointF(0, 0), QPointF(500, 300)}));
+    QCOMPARE(copy.font().pixelSize(), 10);
+    QCOMPARE(copy.view()->font().pixelSize(), 10);
+}
+
+QTEST_MAIN(tst_MaintenanceRecord)
+#include "tst_maintenancerecord.moc"

@@ -1,0 +1,549 @@
+#include "../common/viewdriver.h"
+#include "../common/widgetitemtesting.h"
+
+#include <chartitems.h>
+#include <core/profile.h>
+#include <itemfactory.h>
+#include <kvcore/qcdatareader.h>
+#include <kvcore/qcexportdata.h>
+#include <kvcore/qcplot.h>
+#include <kvcore/qcscaledraw.h>
+#include <kvcore/workspace.h>
+#include <labdata/labdatabasegenerator.h>
+#include <labdata/labschema.h>
+#include <multicoltableitems.h>
+#include <recttracker.h>
+#include <report.h>
+#include <reportprinter.h>
+
+#include <QDataStream>
+#include <QDir>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <memory>
+
+using namespace coagulation;
+
+namespace {
+
+// 2024-05-01 00:00 local time: a whole QcPoint day.
+double day0()
+{
+    return QcPoint::fromDatetime(QDateTime(QDate(2024, 5, 1), QTime(0, 0)));
+}
+
+// Point i is measured at day0 + i/2 + 0.3: two runs a day, at 07:12 and 19:12.
+QcExportData series(int points, int firstIndex, int count)
+{
+    QcExportData data;
+    data.mean = 12.0;
+    data.sd = 0.5;
+    for (int i = 0; i < points; ++i)
+        data.points.append(QcPoint{day0() + i * 0.5 + 0.3, 12.0 + 0.4 * ((i % 5) - 2), false});
+    data.firstIndex = firstIndex;
+    data.count = count;
+    return data;
+}
+
+// The decompressed content streams of a PDF written by Qt.
+QByteArray pdfContents(const QByteArray& pdf)
+{
+    QByteArray contents;
+    qsizetype at = 0;
+    while ((at = pdf.indexOf("stream\n", at)) >= 0) {
+        const qsizetype begin = at + 7;
+        const qsizetype end = pdf.indexOf("endstream", begin);
+        if (end < 0)
+            break;
+        const QByteArray dictionary = pdf.mid(qMax<qsizetype>(0, at - 300), 300);
+        QByteArray body = pdf.mid(begin, end - begin);
+        if (dictionary.contains("/FlateDecode")) {
+            body.prepend(QByteArray("\x00\x00\x10\x00", 4)); // size hint for qUncompress; it grows
+            body = qUncompress(body);
+        }
+        contents += body;
+        at = end;
+    }
+    return contents;
+}
+
+} // namespace
+
+class tst_QcChart : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void pageRange_data();
+    void pageRange();
+    void pagesOfTheQcTable();
+    void noQcData();
+    void plotSurface();
+    void printsAsVectors();
+    void qcPrintJob();
+    void mouseStaysWithTheItem();
+    void payloadRoundTrip();
+    void geometryAndTracker();
+    void templateRoundTrip();
+};
+
+void tst_QcChart::pageRange_data()
+{
+    QTest::addColumn<int>("points");
+    QTest::addColumn<int>("resultCount");
+    QTest::addColumn<int>("page");
+    QTest::addColumn<double>("startTime");
+    QTest::addColumn<double>("endTime");
+    QTest::addColumn<bool>("indexAxis");
+    QTest::addColumn<double>("lower"); // days after day0 on a time axis, point index on an index axis
+    QTest::addColumn<double>("upper");
+
+    // 50 points, points 5..44 printed, 15 per page: pages show 5..19, 20..34 and 35..44.
+    const double start = 1.5;
+    const double end = 30.25;
+    QTest::newRow("first page, rounded") << 50 << 15 << 1 << 0.0 << 0.0 << false << 2.0 << 10.0;
+    QTest::newRow("first page, fixed start") << 50 << 15 << 1 << start << end << false << start << 10.0;
+    QTest::newRow("middle page") << 50 << 15 << 2 << start << end << true << 20.0 << 34.0;
+    QTest::newRow("last page, fixed end") << 50 << 15 << 3 << start << end << false << 17.0 << end;
+    QTest::newRow("last page, rounded") << 50 << 15 << 3 << 0.0 << 0.0 << false << 17.0 << 23.0;
+    // One page: the fixed times when given, else the outer points rounded outward.
+    QTest::newRow("one page, fixed") << 50 << 40 << 1 << start << end << false << start << end;
+    QTest::newRow("one page, rounded") << 50 << 40 << 1 << 0.0 << 0.0 << false << 2.0 << 23.0;
+    QTest::newRow("result count 0") << 50 << 0 << 1 << 0.0 << 0.0 << false << 2.0 << 23.0;
+    QTest::newRow("result count 0, fixed") << 50 << 0 << 1 << start << end << false << start << end;
+    // A series with fewer points than it claims: the index axis is not cut, the last page ends
+    // at the last point there is.
+    QTest::newRow("short series, middle page") << 30 << 10 << 2 << 0.0 << 0.0 << true << 15.0 << 24.0;
+    QTest::newRow("short series, last page") << 30 << 10 << 3 << 0.0 << 0.0 << false << 12.0 << 15.0;
+}
+
+void tst_QcChart::pageRange()
+{
+    QFETCH(int, points);
+    QFETCH(int, resultCount);
+    QFETCH(int, page);
+    QFETCH(double, startTime);
+    QFETCH(double, endTime);
+    QFETCH(bool, indexAxis);
+    QFETCH(double, lower);
+    QFETCH(double, upper);
+
+    Profile profile;
+    QVERIFY(LabSchema::create(profile.qcDatabase(), LabSchema::QcDatabase));
+    Report report(&profile, nullptr);
+    auto* chart = new ReportQcChartItem;
+    report.addItem(chart);
+
+    QcExportData data = series(points, 5, 40);
+    data.startTime = startTime == 0.0 ? 0.0 : day0() + startTime;
+    data.endTime = endTime == 0.0 ? 0.0 : day0() + endTime;
+    report.prepareQcData(&data);
+    report.setResultCount(resultCount);
+    report.setPageCount(3);
+    report.setCurrentPage(page);
+    report.fetchQcData(nullptr);
+
+    QcPlot* plot = chart->plot();
+    QCOMPARE(plot->data(), &data);
+    QCOMPARE(plot->isIndexScale(), indexAxis);
+    const double offset = indexAxis ? 0.0 : day0();
+    QCOMPARE(plot->xScale().lowerBound(), offset + lower);
+    QCOMPARE(plot->xScale().upperBound(), offset + upper);
+}
+
+void tst_QcChart::pagesOfTheQcTable()
+{
+    // The QC table decides how many points a page holds; the chart follows it page by page.
+    Profile profile;
+    QVERIFY(LabSchema::create(profile.qcDatabase(), LabSchema::QcDatabase));
+    Report report(&profile, nullptr);
+    auto* table = new ReportQcTableItem;
+    table->setSize(QSizeF(200, 8 * 24.0));
+    table->setColumns(1);
+    table->layout(300);
+    report.addItem(table);
+    auto* chart = new ReportQcChartItem;
+    report.addItem(chart);
+
+    QcExportData data = series(50, 5, 40);
+    report.prepareQcData(&data);
+    const int perPage = report.resultCount();
+    const int pages = report.pageCount();
+    QVERIFY(perPage > 0);
+    QCOMPARE(pages, (40 + perPage - 1) / perPage);
+    QVERIFY2(pages >= 3, qPrintable(QString::number(pages)));
+    for (int page = 1; page <= pages; ++page) {
+        report.setCurrentPage(page);
+        report.fetchQcData(nullptr);
+        const QcPlot* plot = chart->plot();
+        const int first = 5 + (page - 1) * perPage;
+        if (page == 1) {
+            QVERIFY(!plot->isIndexScale());
+            QCOMPARE(plot->xScale().lowerBound(), std::floor(data.points.at(5).time));
+            QCOMPARE(plot->xScale().upperBound(), std::ceil(data.points.at(first + perPage - 1).time));
+        } else if (page == pages) {
+            QVERIFY(!plot->isIndexScale());
+            QCOMPARE(plot->xScale().lowerBound(), std::floor(data.points.at(first).time));
+            QCOMPARE(plot->xScale().upperBound(), std::ceil(data.points.at(44).time));
+        } else {
+            QVERIFY(plot->isIndexScale());
+            QCOMPARE(plot->xScale(), QcPlotScale(first, first + perPage - 1));
+        }
+    }
+}
+
+void tst_QcChart::noQcData()
+{
+    // Made outside a scene, the chart is empty.
+    ReportQcChartItem loose;
+    QVERIFY(!loose.plot()->data());
+    QVERIFY(loose.plot()->xScale().isNull());
+
+    // In a patient report (no QC data) a chart that showed a series is cleared.
+    Profile profile;
+    Report report(&profile, nullptr);
+    auto* chart = new ReportQcChartItem;
+    report.addItem(chart);
+    QcExportData data = series(10, 0, 10);
+    chart->plot()->setData(&data);
+    QVERIFY(!chart->plot()->xScale().isNull());
+    chart->updateData();
+    QVERIFY(!chart->plot()->data());
+    QVERIFY(chart->plot()->xScale().isNull());
+    QVERIFY(chart->plot()->yScale().isNull());
+
+    // A series without points: no axis range to speak of, and nothing breaks.
+    QVERIFY(LabSchema::create(profile.qcDatabase(), LabSchema::QcDatabase));
+    QcExportData empty;
+    report.prepareQcData(&empty);
+    report.fetchQcData(&empty);
+    QCOMPARE(chart->plot()->data(), &empty);
+    QVERIFY(!chart->plot()->isIndexScale());
+    QVERIFY(chart->plot()->xScale().isNull());
+    QImage image(400, 300, QImage::Format_ARGB32);
+    QPainter painter(&image);
+    report.render(&painter);
+}
+
+void tst_QcChart::plotSurface()
+{
+    ReportQcChartItem chart;
+    QcPlot* plot = chart.plot();
+    QVERIFY(!plot->isCursorVisible());
+    QVERIFY(plot->testAttribute(Qt::WA_NoSystemBackground));
+    QCOMPARE(plot->cursor().shape(), Qt::SizeAllCursor);
+    QCOMPARE(plot->canvas()->cursor().shape(), Qt::SizeAllCursor);
+    QCOMPARE(qobject_cast<QFrame*>(plot->canvas())->frameStyle(), 1);
+    QVERIFY(!plot->axisScaleDraw(QcPlot::xBottom)->hasComponent(QcScaleDraw::Backbone));
+    QVERIFY(plot->axisScaleDraw(QcPlot::yLeft)->hasComponent(QcScaleDraw::Backbone));
+    QCOMPARE(chart.widget(), plot);
+    QCOMPARE(chart.focusPolicy(), Qt::NoFocus);
+    QCOMPARE(chart.flags() & (QGraphicsItem::ItemIsMovable | QGraphicsItem::ItemIsSelectable |
+                              QGraphicsItem::ItemSendsScenePositionChanges),
+             QGraphicsItem::ItemIsMovable | QGraphicsItem::ItemIsSelectable |
+                 QGraphicsItem::ItemSendsScenePositionChanges);
+    QVERIFY(plot->axisEnabled(QcPlot::yLeft));
+    QVERIFY(plot->axisEnabled(QcPlot::xBottom));
+    QVERIFY(!plot->axisEnabled(QcPlot::yRight));
+    QVERIFY(!plot->axisWidget(4));
+    QVERIFY(!plot->axisWidget(-1));
+
+    // Pen and brush are the plot's.
+    chart.setPen(QPen(Qt::red, 2));
+    chart.setBrush(QBrush(Qt::green));
+    QCOMPARE(plot->pen(), QPen(Qt::red, 2));
+    QCOMPARE(plot->brush(), QBrush(Qt::green));
+
+    // The axes follow the scale: day labels on a time axis, run numbers on an index axis, values
+    // covering the +-3 SD lines on the y axis.
+    QcExportData data = series(50, 5, 40);
+    plot->resize(600, 300);
+    plot->setData(&data);
+    plot->setTimeScale(QcPlotScale(day0() + 2, day0() + 4));
+    QStringList labels;
+    for (const QcScaleDraw::Tick& tick : plot->axisScaleDraw(QcPlot::xBottom)->ticks())
+        labels.append(tick.label);
+    QCOMPARE(labels,
+             (QStringList{QStringLiteral("05-03"), QStringLiteral("05-04"), QStringLiteral("05-05")}));
+    plot->setAxisXScaleIndex(20, 34);
+    labels.clear();
+    for (const QcScaleDraw::Tick& tick : plot->axisScaleDraw(QcPlot::xBottom)->ticks())
+        labels.append(tick.label);
+    QVERIFY2(labels.first() == QStringLiteral("16") && labels.last() == QStringLiteral("30"),
+             qPrintable(labels.join(QLatin1Char(' '))));
+    QVERIFY(plot->yScale().lowerBound() < 12.0 - 3 * 0.5);
+    QVERIFY(plot->yScale().upperBound() > 12.0 + 3 * 0.5);
+}
+
+void tst_QcChart::printsAsVectors()
+{
+    Profile profile;
+    LabDatabaseGenerator generator(&profile, 3);
+    generator.setPatientCount(0);
+    generator.setQcPointCount(60);
+    generator.setMaintenanceMonths(0);
+    QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
+    QcDataReader reader(&profile);
+    const QList<qint64> reagents = reader.reagentIds();
+    QVERIFY(!reagents.isEmpty());
+    const std::unique_ptr<QcSeries> qc = reader.read(reagents.first());
+    QVERIFY(qc);
+    const int pointCount = int(qc->data()->points.size());
+    QVERIFY(pointCount >= 20);
+
+    Report report(&profile, nullptr);
+    auto* chart = new ReportQcChartItem;
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    font.setPixelSize(11);
+    chart->setFont(font);
+    chart->setPen(QPen(QColor(0, 0, 255), 1.5));
+    chart->setBrush(QColor(0, 0, 255));
+    report.addItem(chart);
+    chart->setPos(60, 100);
+    chart->setGeometry(QPolygonF({QPointF(0, 0), QPointF(640, 320)}));
+    report.prepareQcData(qc->data());
+    report.fetchQcData(nullptr);
+
+    QTemporaryDir tmp;
+    const QString pdfPath =
+        QDir(test::outputDir(QStringLiteral("qcchart"), tmp)).filePath(QStringLiteral("qcchart.pdf"));
+    test::printToPdf(report, pdfPath);
+    QFile file(pdfPath);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray pdf = file.readAll();
+    QVERIFY(!pdf.contains("/Subtype /Image"));
+    const QByteArray contents = pdfContents(pdf);
+    // The line through the points is one path of line segments, one per point after the first.
+    const qsizetype lineTos = contents.count(" l\n");
+    QVERIFY2(lineTos >= pointCount - 1, qPrintable(QStringLiteral("%1 line-tos").arg(lineTos)));
+    QVERIFY(contents.count(" c\n") >= 4 * pointCount); // the point symbols are Bezier circles
+    QVERIFY(contents.contains("BT"));                  // axis labels are text, not pixels
+
+    // On paper: the blue of the points and line lies inside the chart's frame only.
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+        QSKIP("pdftoppm is not installed");
+    const QImage png = test::pdfToPng(pdfPath);
+    QVERIFY(!png.isNull());
+    const double sx = png.width() / report.sceneRect().width();
+    const double sy = png.height() / report.sceneRect().height();
+    const QRectF canvas = chart->mapRectToScene(QRectF(chart->plot()->canvas()->geometry()));
+    int blueInside = 0;
+    int blueOutside = 0;
+    for (int y = 0; y < png.height(); ++y) {
+        for (int x = 0; x < png.width(); ++x) {
+            const QColor c = png.pixelColor(x, y);
+            if (c.blue() > 180 && c.red() < 90 && c.green() < 90)
+                (canvas.adjusted(-2, -2, 2, 2).contains(QPointF(x / sx, y / sy)) ? blueInside
+                                                                                 : blueOutside)++;
+        }
+    }
+    QVERIFY2(blueInside > 200, qPrintable(QString::number(blueInside)));
+    QCOMPARE(blueOutside, 0);
+}
+
+void tst_QcChart::qcPrintJob()
+{
+    // A QC report template with a small result table and the chart, printed by the printing
+    // service: every page gets the chart of its own points, drawn as vectors.
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    Profile profile(dir.filePath(QStringLiteral("lab.ini")));
+    LabDatabaseGenerator generator(&profile, 5);
+    generator.setPatientCount(0);
+    generator.setQcPointCount(45);
+    generator.setMaintenanceMonths(0);
+    QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
+    const QDir templates(dir.filePath(QStringLiteral("templates")));
+    QVERIFY(QDir().mkpath(templates.path()));
+    Workspace workspace(&profile, templates);
+    ReportPrinter printer;
+    printer.setWorkspace(&workspace);
+
+    {
+        Report report(&profile, printer.itemFactory());
+        report.setType(kv::QcReport);
+        auto* table =
+            dynamic_cast<ReportQcTableItem*>(printer.itemFactory()->create(QStringLiteral("QcTable")));
+        auto* chart =
+            dynamic_cast<ReportQcChartItem*>(printer.itemFactory()->create(QStringLiteral("QcChart")));
+        QVERIFY(table && chart);
+        table->setKey(QStringLiteral("QcTable"));
+        chart->setKey(QStringLiteral("QcChart"));
+        report.addItem(table);
+        report.addItem(chart);
+        table->setPos(40, 40);
+        table->setSize(QSizeF(200, 9 * 24.0));
+        table->setColumns(2);
+        table->layout(700);
+        chart->setPos(40, 320);
+        chart->setGeometry(QPolygonF({QPointF(0, 0), QPointF(700, 300)}));
+        QVERIFY(report.save(templates.filePath(QStringLiteral("qc.rpt"))));
+    }
+    profile.setValue(QStringLiteral("report/qctemplate"), QStringLiteral("qc"));
+
+    QcDataReader reader(&profile);
+    const std::unique_ptr<QcSeries> series = reader.read(reader.reagentIds().first());
+    QVERIFY(series);
+    QTemporaryDir tmp;
+    const QString pdfPath =
+        QDir(test::outputDir(QStringLiteral("qcchart"), tmp)).filePath(QStringLiteral("qcreport.pdf"));
+    printer.setOutputFileName(pdfPath);
+    QVERIFY(printer.store(QList<QcExportData*>{series->data()}, DataStorage::StoreAtOnce));
+
+    QFile file(pdfPath);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray pdf = file.readAll();
+    const qsizetype pages = pdf.count("/Type /Page\n") + pdf.count("/Type /Page\r");
+    QVERIFY2(pages >= 3, qPrintable(QString::number(pages)));
+    QVERIFY(!pdf.contains("/Subtype /Image"));
+    // One polyline per page through that page's points: a path of at least as many segments.
+    const QByteArray contents = pdfContents(pdf);
+    QVERIFY(contents.count(" l\n") >= series->data()->points.size());
+
+    // The axis labels print as large as they show: a printer's resolution must not scale them.
+    const QString pdftotext = QStandardPaths::findExecutable(QStringLiteral("pdftotext"));
+    if (pdftotext.isEmpty())
+        QSKIP("pdftotext is not installed");
+    QProcess process;
+    process.start(pdftotext, {QStringLiteral("-bbox"), pdfPath, QStringLiteral("-")});
+    QVERIFY(process.waitForFinished(30000));
+    const QString boxes = QString::fromUtf8(process.readAllStandardOutput());
+    // Words below the table, in points (the chart starts 320 pixels down, 240 points).
+    static const QRegularExpression word(
+        QStringLiteral("yMin=\"([-0-9.]+)\" xMax=\"[-0-9.]+\" yMax=\"([-0-9.]+)\">([^<]*)</word>"));
+    QStringList labels;
+    for (auto it = word.globalMatch(boxes); it.hasNext();) {
+        const QRegularExpressionMatch m = it.next();
+        if (m.captured(1).toDouble() < 230)
+            continue;
+        labels.append(m.captured(3));
+        QVERIFY2(m.captured(2).toDouble() - m.captured(1).toDouble() < 16, qPrintable(m.captured(0)));
+    }
+    QVERIFY2(labels.contains(QStringLiteral("上标记限")) && labels.contains(QStringLiteral("06-14")),
+             qPrintable(labels.join(QLatin1Char(' '))));
+}
+
+void tst_QcChart::mouseStaysWithTheItem()
+{
+    Profile profile;
+    Report report(&profile, nullptr);
+    report.setDesignMode(true);
+    auto* chart = new ReportQcChartItem;
+    report.addItem(chart);
+    chart->setPos(100, 100);
+    chart->setGeometry(QPolygonF({QPointF(0, 0), QPointF(300, 200)}));
+    test::MouseCounter counter;
+    chart->plot()->installEventFilter(&counter);
+    chart->plot()->canvas()->installEventFilter(&counter);
+
+    test::ViewDriver driver(&report);
+    const QPointF inside = chart->mapToScene(QRectF(chart->plot()->canvas()->geometry()).center());
+    driver.press(inside);
+    driver.release(inside);
+    QVERIFY(chart->isSelected());
+    QPoint local = driver.view.mapFromScene(inside);
+    QWheelEvent wheel(local, driver.view.viewport()->mapToGlobal(local), QPoint(), QPoint(0, 120),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(driver.view.viewport(), &wheel);
+    QTest::mouseDClick(driver.view.viewport(), Qt::LeftButton, Qt::NoModifier, local);
+    QCOMPARE(counter.count, 0);
+
+    // Dragging moves the item like any other.
+    const QPointF before = chart->pos();
+    driver.drag(inside, inside + QPointF(40, 30));
+    QCOMPARE(counter.count, 0);
+    QVERIFY(chart->pos() != before);
+}
+
+void tst_QcChart::payloadRoundTrip()
+{
+    ReportQcChartItem chart;
+    chart.setGeometry(QPolygonF({QPointF(0, 0), QPointF(420, 260)}));
+    chart.setPen(QPen(QColor(10, 20, 30), 2.5, Qt::DashLine));
+    chart.setBrush(QBrush(QColor(200, 100, 50)));
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    font.setPointSize(13);
+    chart.setFont(font);
+
+    const QByteArray bytes = test::payloadOf(&chart);
+    QCOMPARE(bytes,
+             test::streamed(qint8(1), QRectF(0, 0, 420, 260), QPen(QColor(10, 20, 30), 2.5, Qt::DashLine),
+                            QBrush(QColor(200, 100, 50)), font));
+    ReportQcChartItem copy;
+    QVERIFY(test::loadPayload(&copy, bytes));
+    QCOMPARE(copy.plot()->pen(), chart.pen());
+    QCOMPARE(copy.plot()->brush(), chart.brush());
+    QCOMPARE(copy.font().pointSize(), 13);
+    QCOMPARE(copy.plot()->font().pointSize(), 13); // the plot's labels follow the item's font
+    QCOMPARE(copy.geometry(), chart.geometry());
+    QCOMPARE(copy.plot()->size(), QSize(420, 260));
+}
+
+void tst_QcChart::geometryAndTracker()
+{
+    Profile profile;
+    Report report(&profile, nullptr);
+    auto* chart = new ReportQcChartItem;
+    report.addItem(chart);
+    chart->setPos(50, 40);
+    chart->setGeometry(QPolygonF({QPointF(10, 20), QPointF(310, 220)}));
+    // The origin point moves the item; the polygon is in item coordinates.
+    QCOMPARE(chart->pos(), QPointF(60, 60));
+    QCOMPARE(chart->geometry(), QPolygonF({QPointF(0, 0), QPointF(300, 200)}));
+    QCOMPARE(chart->plot()->size(), QSize(300, 200));
+    // A missing point counts as the origin.
+    chart->setGeometry(QPolygonF({QPointF(0, 0)}));
+    QCOMPARE(chart->pos(), QPointF(60, 60));
+
+    std::unique_ptr<Tracker> tracker(chart->createTracker());
+    QVERIFY(dynamic_cast<RectTracker*>(tracker.get()));
+}
+
+void tst_QcChart::templateRoundTrip()
+{
+    Profile profile;
+    ItemFactory factory(&profile);
+    Report report(&profile, &factory);
+    report.setType(kv::QcReport);
+    auto* chart = dynamic_cast<ReportQcChartItem*>(factory.create(QStringLiteral("QcChart")));
+    auto* table =
+        dynamic_cast<ReportMaintenanceRecordItem*>(factory.create(QStringLiteral("MaintenanceRecord")));
+    QVERIFY(chart && table);
+    chart->setKey(QStringLiteral("QcChart"));
+    table->setKey(QStringLiteral("MaintenanceRecord"));
+    report.addItem(chart);
+    report.addItem(table);
+    chart->setPos(30, 40);
+    chart->setGeometry(QPolygonF({QPointF(0, 0), QPointF(500, 250)}));
+    chart->setPen(QPen(Qt::darkRed, 2));
+    table->setPos(30, 400);
+    table->setGeometry(QPolygonF({QPointF(0, 0), QPointF(400, 200)}));
+
+    QByteArray bytes;
+    {
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        QVERIFY(report.save(out));
+    }
+    Report loaded(&profile, &factory);
+    QDataStream in(bytes);
+    QVERIFY2(loaded.load(in), qPrintable(loaded.errorString()));
+    ReportQcChartItem* chartCopy = nullptr;
+    ReportMaintenanceRecordItem* tableCopy = nullptr;
+    for (ReportItem* item : loaded.reportItems()) {
+        if (auto* c = dynamic_cast<ReportQcChartItem*>(item))
+            chartCopy = c;
+        if (auto* t = dynamic_cast<ReportMaintenanceRecordItem*>(item))
+            tableCopy = t;
+    }
+    QVERIFY(chartCopy && tableCopy);
+    QCOMPARE(chartCopy->sceneBoundingRect(), chart->sceneBoundingRect());
+    QCOMPARE(chartCopy->pen(), QPen(Qt::darkRed, 2));
+    QCOMPARE(tableCopy->sceneBoundingRect(), table->sceneBoundingRect());
+}
+
+QTEST_MAIN(tst_QcChart)
+#include "tst_qcchart.moc"
