@@ -94,23 +94,28 @@ void peakMemory(benchmark::State& state, BenchWorkspace* workspace, int count)
         state.counters[counter::peakRssKiB] = double(kib);
 }
 
-// The pages the QC template needs for the series, as the printer's page loop counts them.
-int qcPageCount(Report* report, const QcExportData* data)
+// Loads the QC template into the report and makes the series; returns the pages the series needs,
+// as the printer's page loop counts them, or 0 after telling the benchmark why it cannot run.
+int prepareQc(benchmark::State& state, BenchWorkspace* workspace, int points, Report* report,
+              std::unique_ptr<QcSeries>* series)
 {
-    report->prepareQcData(data);
+    QString error;
+    *series = workspace->qcSeries(points, &error);
+    if (!*series || !report->load(workspace->templateFile(qcTemplateKey))) {
+        state.SkipWithError(*series ? "the QC template does not load" : error.toUtf8().constData());
+        return 0;
+    }
+    report->prepareQcData((*series)->data());
     return report->pageCount();
 }
 
 void printQc(benchmark::State& state, BenchWorkspace* workspace, int points)
 {
-    QString error;
-    const std::unique_ptr<QcSeries> series = workspace->qcSeries(points, &error);
     Report report(workspace->profile(), workspace->itemFactory());
-    if (!series || !report.load(workspace->templateFile(qcTemplateKey))) {
-        state.SkipWithError(series ? "the QC template does not load" : error.toUtf8().constData());
+    std::unique_ptr<QcSeries> series;
+    const int pages = prepareQc(state, workspace, points, &report, &series);
+    if (pages == 0)
         return;
-    }
-    const int pages = qcPageCount(&report, series->data());
     ReportPrinter printer;
     printer.setWorkspace(workspace->workspace());
     printer.setOutputFileName(workspace->scratchFile(QStringLiteral("qc.pdf")));
@@ -123,14 +128,11 @@ void printQc(benchmark::State& state, BenchWorkspace* workspace, int points)
 
 void qcFloor(benchmark::State& state, BenchWorkspace* workspace, int points)
 {
-    QString error;
-    const std::unique_ptr<QcSeries> series = workspace->qcSeries(points, &error);
     Report report(workspace->profile(), workspace->itemFactory());
-    if (!series || !report.load(workspace->templateFile(qcTemplateKey))) {
-        state.SkipWithError(series ? "the QC template does not load" : error.toUtf8().constData());
+    std::unique_ptr<QcSeries> series;
+    const int pages = prepareQc(state, workspace, points, &report, &series);
+    if (pages == 0)
         return;
-    }
-    const int pages = qcPageCount(&report, series->data());
     report.setCurrentPage(1);
     report.fetchQcData(series->data());
     const QString fileName = workspace->scratchFile(QStringLiteral("qc-floor.pdf"));

@@ -31,18 +31,24 @@ double counterOf(const ResultCollector::Result* result, const char* name)
     return it == result->counters.end() ? 0.0 : it->second;
 }
 
-// Seconds per printed page, or -1 when the benchmark failed or printed nothing.
-double perPage(const ResultCollector::Result* result)
-{
-    const double pages = counterOf(result, counter::pages);
-    return result && result->error.empty() && pages > 0 ? result->secondsPerIteration / pages : -1.0;
-}
-
 QString errorOf(const ResultCollector::Result* result)
 {
     if (!result)
         return QStringLiteral("not run");
-    return QString::fromStdString(result->error);
+    return result->error.empty() ? QStringLiteral("measured nothing") : QString::fromStdString(result->error);
+}
+
+// A benchmark's time divided by `per` (pages, items, or 1), or its error.
+ResultTable::Figure timeOf(const ResultCollector::Result* result, double per)
+{
+    if (!result || !result->error.empty() || per <= 0 || result->secondsPerIteration <= 0)
+        return {-1.0, errorOf(result)};
+    return {result->secondsPerIteration / per, QString()};
+}
+
+ResultTable::Figure perPage(const ResultCollector::Result* result)
+{
+    return timeOf(result, counterOf(result, counter::pages));
 }
 
 } // namespace
@@ -53,162 +59,86 @@ ResultTable::ResultTable(const BenchConfig& config, const ResultCollector& resul
     addPrintRows();
     addMemoryRow();
     addQcRow();
-    addTemplateRow();
-    addDragRow();
+    addTemplateRows();
+    addDragRows();
 }
 
 void ResultTable::addPrintRows()
 {
-    for (int count : m_config.patientCounts) {
-        const auto* ours = m_results.result(name::patients("ours", count));
-        const auto* floor = m_results.result(name::patients("floor", count));
-        Row row;
-        row.what = QStringLiteral("patients %1: per page, ours / floor").arg(count);
-        const double a = perPage(ours);
-        const double b = perPage(floor);
-        if (a >= 0 && b > 0) {
-            row.ours = milliseconds(a);
-            row.reference = milliseconds(b);
-            row.ratio = a / b;
-        } else {
-            row.note = errorOf(a < 0 ? ours : floor);
-        }
-        row.target = 1.3;
-        addRow(row);
-    }
-
-    Row row;
-    row.what = QStringLiteral("scaling: per page, %1 / %2 patients")
-                   .arg(m_config.scalingLarge)
-                   .arg(m_config.scalingSmall);
-    const double large = perPage(m_results.result(name::patients("ours", m_config.scalingLarge)));
-    const double small = perPage(m_results.result(name::patients("ours", m_config.scalingSmall)));
-    if (large >= 0 && small > 0) {
-        row.ours = milliseconds(large);
-        row.reference = milliseconds(small);
-        row.ratio = large / small;
-    } else {
-        row.note = QStringLiteral("missing a patient measurement");
-    }
-    row.target = 1.1;
-    addRow(row);
+    for (int count : m_config.patientCounts)
+        addRow(QStringLiteral("patients %1: per page, ours / floor").arg(count),
+               perPage(m_results.result(name::patients("ours", count))),
+               perPage(m_results.result(name::patients("floor", count))), milliseconds, 1.3);
+    addRow(QStringLiteral("scaling: per page, %1 / %2 patients")
+               .arg(m_config.scalingLarge)
+               .arg(m_config.scalingSmall),
+           perPage(m_results.result(name::patients("ours", m_config.scalingLarge))),
+           perPage(m_results.result(name::patients("ours", m_config.scalingSmall))), milliseconds, 1.1);
 }
 
 void ResultTable::addMemoryRow()
 {
-    const auto* large = m_results.result(name::peakMemory(m_config.scalingLarge));
-    const auto* small = m_results.result(name::peakMemory(m_config.scalingSmall));
-    Row row;
-    row.what =
-        QStringLiteral("peak RSS: %1 / %2 patients").arg(m_config.scalingLarge).arg(m_config.scalingSmall);
-    const double a = counterOf(large, counter::peakRssKiB);
-    const double b = counterOf(small, counter::peakRssKiB);
-    if (a > 0 && b > 0) {
-        row.ours = mebibytes(a);
-        row.reference = mebibytes(b);
-        row.ratio = a / b;
-    } else {
-        row.note = errorOf(a > 0 ? small : large);
-    }
-    row.target = 1.2;
-    addRow(row);
+    const auto peak = [this](int count) -> Figure {
+        const auto* result = m_results.result(name::peakMemory(count));
+        const double kib = counterOf(result, counter::peakRssKiB);
+        return kib > 0 ? Figure{kib, QString()} : Figure{-1.0, errorOf(result)};
+    };
+    addRow(QStringLiteral("peak RSS: %1 / %2 patients").arg(m_config.scalingLarge).arg(m_config.scalingSmall),
+           peak(m_config.scalingLarge), peak(m_config.scalingSmall), mebibytes, 1.2);
 }
 
 void ResultTable::addQcRow()
 {
     const auto* ours = m_results.result(name::qc("ours"));
-    const auto* floor = m_results.result(name::qc("floor"));
-    Row row;
-    row.what = QStringLiteral("QC %1 points, %2 pages: per page, ours / floor")
-                   .arg(m_config.qcPoints)
-                   .arg(counterOf(ours, counter::pages));
-    const double a = perPage(ours);
-    const double b = perPage(floor);
-    if (a >= 0 && b > 0) {
-        row.ours = milliseconds(a);
-        row.reference = milliseconds(b);
-        row.ratio = a / b;
-    } else {
-        row.note = errorOf(a < 0 ? ours : floor);
-    }
-    row.target = 1.3;
-    addRow(row);
+    addRow(QStringLiteral("QC %1 points, %2 pages: per page, ours / floor")
+               .arg(m_config.qcPoints)
+               .arg(counterOf(ours, counter::pages)),
+           perPage(ours), perPage(m_results.result(name::qc("floor"))), milliseconds, 1.3);
 }
 
-void ResultTable::addTemplateRow()
+void ResultTable::addTemplateRows()
 {
-    const auto* load = m_results.result(name::templateFile("load", m_config.templateItems));
-    const auto* save = m_results.result(name::templateFile("save", m_config.templateItems));
-    const auto* smallLoad = m_results.result(name::templateFile("load", m_config.templateItemsSmall));
-    const auto ran = [](const ResultCollector::Result* r) {
-        return r && r->error.empty() && r->secondsPerIteration > 0;
-    };
-
-    Row row;
-    row.what = QStringLiteral("template %1 items: per item, load / save").arg(m_config.templateItems);
-    if (ran(load) && ran(save)) {
-        row.ours = microseconds(load->secondsPerIteration / m_config.templateItems);
-        row.reference = microseconds(save->secondsPerIteration / m_config.templateItems);
-        row.ratio = load->secondsPerIteration / save->secondsPerIteration;
-    } else {
-        row.note = errorOf(ran(load) ? save : load);
-    }
-    addRow(row);
-
+    const int large = m_config.templateItems;
+    const int small = m_config.templateItemsSmall;
+    const Figure load = timeOf(m_results.result(name::templateFile("load", large)), large);
+    addRow(QStringLiteral("template %1 items: per item, load / save").arg(large), load,
+           timeOf(m_results.result(name::templateFile("save", large)), large), microseconds, 0.0);
     // Loading must not slow down per item as the template grows.
-    Row scaling;
-    scaling.what = QStringLiteral("template load: per item, %1 / %2 items")
-                       .arg(m_config.templateItems)
-                       .arg(m_config.templateItemsSmall);
-    if (ran(load) && ran(smallLoad)) {
-        const double large = load->secondsPerIteration / m_config.templateItems;
-        const double small = smallLoad->secondsPerIteration / m_config.templateItemsSmall;
-        scaling.ours = microseconds(large);
-        scaling.reference = microseconds(small);
-        scaling.ratio = large / small;
-    } else {
-        scaling.note = errorOf(ran(load) ? smallLoad : load);
-    }
-    addRow(scaling);
+    addRow(QStringLiteral("template load: per item, %1 / %2 items").arg(large).arg(small), load,
+           timeOf(m_results.result(name::templateFile("load", small)), small), microseconds, 0.0);
 }
 
-void ResultTable::addDragRow()
+void ResultTable::addDragRows()
 {
-    // Ours first; then the same gesture on a plain Qt scene, which shows what the scene itself adds.
+    // Ours; then the same scene changes by plain Qt items, which shows what the scene itself adds.
     for (const char* side : {"ours", "qt"}) {
         const bool ours = side == std::string("ours");
-        const auto* large = m_results.result(name::drag(side, m_config.dragLarge));
-        const auto* small = m_results.result(name::drag(side, m_config.dragSmall));
-        Row row;
-        row.what = QStringLiteral("%1 (%2 moves): %3 / %4 items")
-                       .arg(ours ? QStringLiteral("handle drag") : QStringLiteral("Qt alone, same drag"))
-                       .arg(m_config.dragMoves)
-                       .arg(m_config.dragLarge)
-                       .arg(m_config.dragSmall);
-        if (large && small && large->error.empty() && small->error.empty() &&
-            small->secondsPerIteration > 0) {
-            row.ours = milliseconds(large->secondsPerIteration);
-            row.reference = milliseconds(small->secondsPerIteration);
-            row.ratio = large->secondsPerIteration / small->secondsPerIteration;
-        } else {
-            row.note = errorOf(large && large->error.empty() ? small : large);
-        }
-        row.target = ours ? 1.5 : 0.0;
-        addRow(row);
+        addRow(QStringLiteral("%1 (%2 moves): %3 / %4 items")
+                   .arg(ours ? QStringLiteral("handle drag") : QStringLiteral("Qt alone, same drag"))
+                   .arg(m_config.dragMoves)
+                   .arg(m_config.dragLarge)
+                   .arg(m_config.dragSmall),
+               timeOf(m_results.result(name::drag(side, m_config.dragLarge)), 1),
+               timeOf(m_results.result(name::drag(side, m_config.dragSmall)), 1), milliseconds,
+               ours ? 1.5 : 0.0);
     }
 }
 
-void ResultTable::addRow(Row row)
+void ResultTable::addRow(const QString& what, const Figure& ours, const Figure& reference,
+                         QString (*format)(double), double target)
 {
-    if (row.ratio < 0) {
-        m_allMet = false;
-        if (row.note.isEmpty())
-            row.note = QStringLiteral("not measured");
-    } else if (row.target > 0 && row.ratio > row.target) {
-        m_allMet = false;
-        row.note = QStringLiteral("MISSED");
-    } else if (row.target > 0) {
-        row.note = QStringLiteral("ok");
+    Row row;
+    row.what = what;
+    row.target = target;
+    if (ours.value < 0 || reference.value <= 0) {
+        m_allMeasured = false;
+        row.note = ours.value < 0 ? ours.error : reference.error;
+    } else {
+        row.ours = format(ours.value);
+        row.reference = format(reference.value);
+        row.ratio = ours.value / reference.value;
+        if (target > 0)
+            row.note = row.ratio > target ? QStringLiteral("MISSED") : QStringLiteral("ok");
     }
     m_rows.append(row);
 }

@@ -16,8 +16,15 @@ public:
     ResultTable(const BenchConfig& config, const ResultCollector& results);
 
     QString text() const;
-    // False when a ratio misses its target or a measurement failed.
-    bool allTargetsMet() const { return m_allMet; }
+    // False when a measurement failed or did not run.
+    bool allMeasured() const { return m_allMeasured; }
+
+    // One measured figure (seconds, KiB), or below 0 with the reason it is missing.
+    struct Figure
+    {
+        double value = -1.0;
+        QString error;
+    };
 
 private:
     struct Row
@@ -33,14 +40,15 @@ private:
     void addPrintRows();
     void addMemoryRow();
     void addQcRow();
-    void addTemplateRow();
-    void addDragRow();
-    void addRow(Row row);
+    void addTemplateRows();
+    void addDragRows();
+    void addRow(const QString& what, const Figure& ours, const Figure& reference, QString (*format)(double),
+                double target);
 
     const BenchConfig& m_config;
     const ResultCollector& m_results;
     QList<Row> m_rows;
-    bool m_allMet = true;
+    bool m_allMeasured = true;
 };
 
 } // namespace coagulation::bench
