@@ -1,5 +1,7 @@
 #include "graphicstableitem.h"
 
+#include "report.h"
+#include "reportfont.h"
 #include "selectionoutline.h"
 
 #include <QDataStream>
@@ -142,7 +144,8 @@ QRectF GraphicsTableItem::boundingRect() const
 
 void GraphicsTableItem::paint(QPainter* painter, const QStyleOptionGraphicsItem* option, QWidget*)
 {
-    painter->setFont(m_font);
+    const Report* report = qobject_cast<Report*>(scene());
+    painter->setFont(sceneFont(m_font, report ? report->dpiY() : 96));
     painter->setPen(QColor(Qt::black));
     double x = 0.0;
     for (int c = 0; c < m_columnCount; ++c) {

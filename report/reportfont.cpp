@@ -1,6 +1,7 @@
 #include "reportfont.h"
 
 #include <QStringList>
+#include <QtMath>
 
 namespace coagulation {
 
@@ -15,6 +16,15 @@ QFont withChineseFallback(const QFont& font)
     families.append(chinese);
     QFont result = font;
     result.setFamilies(families);
+    return result;
+}
+
+QFont sceneFont(const QFont& font, int dpi)
+{
+    if (font.pixelSize() > 0 || font.pointSizeF() <= 0 || dpi <= 0)
+        return font;
+    QFont result = font;
+    result.setPixelSize(qMax(1, qRound(font.pointSizeF() * dpi / 72.0)));
     return result;
 }
 

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void brokenPayload();
     void paintsCellTexts();
     void selectionOutline();
+    void pointSizeTextKeepsSceneSize();
 };
 
 void TestGridTable::emptyTable()
@@ -309,6 +310,52 @@ void TestGridTable::selectionOutline()
     QCOMPARE(darkPixels(image, QRect(1, 1, 199, 59)), 0);  // not filled
     QCOMPARE(darkPixels(image, QRect(202, 0, 118, 120)), 0);
     QCOMPARE(darkPixels(image, QRect(0, 62, 320, 58)), 0);
+}
+
+namespace {
+
+// Height, in scene units, of the dark pixels of a table painted onto a device of the given
+// resolution, the way a report is rendered onto a printer page.
+double textHeightAt(GraphicsTableItem& table, int dpi)
+{
+    const double scale = dpi / 96.0;
+    QImage image(qRound(200 * scale), qRound(40 * scale), QImage::Format_RGB32);
+    image.setDotsPerMeterX(qRound(dpi / 0.0254));
+    image.setDotsPerMeterY(qRound(dpi / 0.0254));
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.scale(scale, scale);
+    QStyleOptionGraphicsItem option;
+    table.paint(&painter, &option, nullptr);
+    painter.end();
+    int top = image.height(), bottom = -1;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) < 128) {
+                top = qMin(top, y);
+                bottom = qMax(bottom, y);
+            }
+    return bottom < top ? 0.0 : (bottom - top + 1) / scale;
+}
+
+} // namespace
+
+void TestGridTable::pointSizeTextKeepsSceneSize()
+{
+    GraphicsTableItem table;
+    table.setColumnWidth(0, 200.0);
+    table.setRowHeight(40.0);
+    table.setItemText(0, 0, QStringLiteral("Hg"));
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPointSizeF(9.0);
+    table.setFont(font);
+
+    // On a printer the text must be as tall, in scene units, as on the screen.
+    const double screen = textHeightAt(table, 96);
+    const double printer = textHeightAt(table, 1200);
+    QVERIFY(screen > 8.0);
+    QVERIFY2(qAbs(printer - screen) < 0.25 * screen,
+             qPrintable(QStringLiteral("screen %1, printer %2").arg(screen).arg(printer)));
 }
 
 QTEST_MAIN(TestGridTable)

@@ -1,0 +1,425 @@
+#include "designerwindow.h"
+
+#include "designerdialogs.h"
+#include "formattoolbar.h"
+#include "geometrypanel.h"
+#include "pagesetup.h"
+#include "pageview.h"
+#include "recentfiles.h"
+#include "reporteditor.h"
+#include "templatepreview.h"
+#include "toolpalette.h"
+
+#include <commands.h>
+#include <core/profile.h>
+#include <itemfactory.h>
+#include <report.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QUndoStack>
+#include <QUndoView>
+
+namespace coagulation {
+
+DesignerWindow::DesignerWindow(Profile* profile, ItemFactory* factory, QWidget* parent)
+    : QMainWindow(parent), m_profile(profile), m_factory(factory),
+      m_dialogs(std::make_unique<DesignerDialogs>()), m_view(new PageView), m_palette(new ToolPalette),
+      m_editor(new ReportEditor(this)), m_format(new FormatToolBar(m_editor)),
+      m_geometry(new GeometryPanel(m_editor)), m_undoView(new QUndoView), m_zoomLabel(new QLabel)
+{
+    setObjectName(QStringLiteral("designerWindow"));
+    setCentralWidget(m_view);
+    m_palette->setView(m_view);
+    m_format->setColorChooser(
+        [this](const QColor& initial) { return m_dialogs->chooseColor(this, initial); });
+    createActions();
+    createMenus();
+    createDocks();
+    addToolBarBreak();
+    addToolBar(Qt::TopToolBarArea, m_format);
+    statusBar()->addPermanentWidget(m_zoomLabel);
+    connect(m_view, &PageView::zoomChanged, this,
+            [this](double zoom) { m_zoomLabel->setText(tr("%1%").arg(qRound(zoom * 100))); });
+    connect(m_view, &PageView::nudgeRequested, m_editor, &ReportEditor::nudge);
+    connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &DesignerWindow::selectionChanged);
+    m_zoomLabel->setText(tr("%1%").arg(100));
+    resize(1280, 900);
+    newTemplate(kv::PatientReport);
+    if (factory)
+        m_palette->setCreators(factory->creators());
+}
+
+DesignerWindow::~DesignerWindow()
+{
+    // The tools outlive the window (the item factory owns them): take them off the view first.
+    m_palette->setCreators({});
+    for (const auto& connection : std::as_const(m_reportConnections))
+        disconnect(connection);
+}
+
+void DesignerWindow::setDialogs(std::unique_ptr<DesignerDialogs> dialogs)
+{
+    m_dialogs = std::move(dialogs);
+}
+
+void DesignerWindow::setTools(const QList<ReportItemCreator*>& creators)
+{
+    m_palette->setCreators(creators);
+}
+
+QAction* DesignerWindow::addAction(const QString& name, const QString& text, const QKeySequence& shortcut)
+{
+    auto* action = new QAction(text, this);
+    action->setObjectName(name);
+    if (!shortcut.isEmpty())
+        action->setShortcut(shortcut);
+    QMainWindow::addAction(action);
+    return action;
+}
+
+QAction* DesignerWindow::action(const QString& name) const
+{
+    return findChild<QAction*>(name, Qt::FindDirectChildrenOnly);
+}
+
+void DesignerWindow::createActions()
+{
+    connect(addAction(QStringLiteral("new"), tr("新建(&N)..."), QKeySequence::New), &QAction::triggered, this,
+            qOverload<>(&DesignerWindow::newTemplate));
+    connect(addAction(QStringLiteral("open"), tr("打开(&O)..."), QKeySequence::Open), &QAction::triggered,
+            this, &DesignerWindow::open);
+    connect(addAction(QStringLiteral("save"), tr("保存(&S)"), QKeySequence::Save), &QAction::triggered, this,
+            &DesignerWindow::save);
+    connect(addAction(QStringLiteral("saveAs"), tr("另存为(&A)..."), QKeySequence::SaveAs),
+            &QAction::triggered, this, &DesignerWindow::saveAs);
+    connect(addAction(QStringLiteral("pageSetup"), tr("页面设置(&U)...")), &QAction::triggered, this,
+            &DesignerWindow::pageSetup);
+    connect(addAction(QStringLiteral("workspace"), tr("选择工作区(&W)...")), &QAction::triggered, this,
+            &DesignerWindow::chooseWorkspace);
+    connect(addAction(QStringLiteral("preview"), tr("打印预览(&V)..."), QKeySequence(Qt::CTRL | Qt::Key_P)),
+            &QAction::triggered, this, &DesignerWindow::preview);
+    connect(addAction(QStringLiteral("close"), tr("退出(&X)"), QKeySequence::Quit), &QAction::triggered, this,
+            &QWidget::close);
+
+    connect(addAction(QStringLiteral("undo"), tr("撤销(&U)"), QKeySequence::Undo), &QAction::triggered, this,
+            [this] { m_report->undo(); });
+    connect(addAction(QStringLiteral("redo"), tr("重做(&R)"), QKeySequence::Redo), &QAction::triggered, this,
+            [this] { m_report->redo(); });
+    connect(addAction(QStringLiteral("cut"), tr("剪切(&T)"), QKeySequence::Cut), &QAction::triggered,
+            m_editor, &ReportEditor::cut);
+    connect(addAction(QStringLiteral("copy"), tr("复制(&C)"), QKeySequence::Copy), &QAction::triggered,
+            m_editor, &ReportEditor::copy);
+    connect(addAction(QStringLiteral("paste"), tr("粘贴(&P)"), QKeySequence::Paste), &QAction::triggered,
+            m_editor, &ReportEditor::paste);
+    connect(addAction(QStringLiteral("delete"), tr("删除(&D)"), QKeySequence::Delete), &QAction::triggered,
+            m_editor, &ReportEditor::deleteSelection);
+    connect(addAction(QStringLiteral("selectAll"), tr("全选(&L)"), QKeySequence::SelectAll),
+            &QAction::triggered, m_editor, &ReportEditor::selectAll);
+
+    connect(addAction(QStringLiteral("zoomIn"), tr("放大(&I)"), QKeySequence::ZoomIn), &QAction::triggered,
+            m_view, &PageView::zoomIn);
+    connect(addAction(QStringLiteral("zoomOut"), tr("缩小(&O)"), QKeySequence::ZoomOut), &QAction::triggered,
+            m_view, &PageView::zoomOut);
+    connect(addAction(QStringLiteral("fitPage"), tr("适合页面(&F)"), QKeySequence(Qt::CTRL | Qt::Key_9)),
+            &QAction::triggered, m_view, &PageView::fitPage);
+    connect(addAction(QStringLiteral("actualSize"), tr("实际大小(&A)"), QKeySequence(Qt::CTRL | Qt::Key_0)),
+            &QAction::triggered, m_view, &PageView::actualSize);
+}
+
+void DesignerWindow::createMenus()
+{
+    QMenu* file = menuBar()->addMenu(tr("文件(&F)"));
+    file->addAction(action(QStringLiteral("new")));
+    file->addAction(action(QStringLiteral("open")));
+    QMenu* recent = file->addMenu(tr("最近的文件(&R)"));
+    m_recent = new RecentFiles(recent, this);
+    connect(m_recent, &RecentFiles::chosen, this, [this](const QString& fileName) {
+        if (maybeSave())
+            openFile(fileName);
+    });
+    file->addAction(action(QStringLiteral("save")));
+    file->addAction(action(QStringLiteral("saveAs")));
+    file->addSeparator();
+    file->addAction(action(QStringLiteral("pageSetup")));
+    file->addAction(action(QStringLiteral("workspace")));
+    file->addAction(action(QStringLiteral("preview")));
+    file->addSeparator();
+    file->addAction(action(QStringLiteral("close")));
+
+    QMenu* edit = menuBar()->addMenu(tr("编辑(&E)"));
+    for (const char* name : {"undo", "redo", "", "cut", "copy", "paste", "delete", "", "selectAll"}) {
+        if (*name)
+            edit->addAction(action(QLatin1String(name)));
+        else
+            edit->addSeparator();
+    }
+    QMenu* view = menuBar()->addMenu(tr("视图(&V)"));
+    for (const char* name : {"zoomIn", "zoomOut", "fitPage", "actualSize"})
+        view->addAction(action(QLatin1String(name)));
+
+    QToolBar* main = addToolBar(tr("文件"));
+    main->setObjectName(QStringLiteral("fileToolBar"));
+    for (const char* name : {"new", "open", "save", "", "undo", "redo", "", "cut", "copy", "paste", "delete",
+                             "", "fitPage", "actualSize", "", "preview"}) {
+        if (*name)
+            main->addAction(action(QLatin1String(name)));
+        else
+            main->addSeparator();
+    }
+    const std::pair<const char*, QStyle::StandardPixmap> icons[] = {
+        {"new", QStyle::SP_FileIcon},
+        {"open", QStyle::SP_DialogOpenButton},
+        {"save", QStyle::SP_DialogSaveButton},
+        {"undo", QStyle::SP_ArrowBack},
+        {"redo", QStyle::SP_ArrowForward},
+        {"delete", QStyle::SP_TrashIcon},
+        {"preview", QStyle::SP_FileDialogContentsView}};
+    for (const auto& [name, pixmap] : icons)
+        action(QLatin1String(name))->setIcon(style()->standardIcon(pixmap));
+}
+
+void DesignerWindow::createDocks()
+{
+    auto addDock = [this](QWidget* widget, const QString& title, const QString& name,
+                          Qt::DockWidgetArea area) {
+        auto* dock = new QDockWidget(title, this);
+        dock->setObjectName(name);
+        dock->setWidget(widget);
+        addDockWidget(area, dock);
+        return dock;
+    };
+    QDockWidget* tools = addDock(m_palette, tr("工具箱"), QStringLiteral("toolDock"), Qt::LeftDockWidgetArea);
+    QDockWidget* geometry =
+        addDock(m_geometry, tr("位置和大小"), QStringLiteral("geometryDock"), Qt::RightDockWidgetArea);
+    QDockWidget* history =
+        addDock(m_undoView, tr("操作历史"), QStringLiteral("historyDock"), Qt::RightDockWidgetArea);
+    resizeDocks({tools, geometry}, {200, 240}, Qt::Horizontal);
+    resizeDocks({geometry, history}, {170, 600}, Qt::Vertical);
+    m_undoView->setEmptyLabel(tr("<空>"));
+}
+
+Report* DesignerWindow::makeReport()
+{
+    auto* report = new Report(m_profile, m_factory, this);
+    report->setDesignMode(true);
+    return report;
+}
+
+void DesignerWindow::setReport(Report* report)
+{
+    for (const auto& connection : std::as_const(m_reportConnections))
+        disconnect(connection);
+    m_reportConnections.clear();
+
+    Report* old = m_report;
+    m_report = report;
+    m_editor->setReport(report);
+    m_view->setReport(report);
+    m_palette->setView(m_view);
+    m_undoView->setStack(report->undoStack());
+    delete old;
+
+    QUndoStack* stack = report->undoStack();
+    m_reportConnections = {
+        connect(report, &QGraphicsScene::selectionChanged, this, &DesignerWindow::selectionChanged),
+        connect(stack, &QUndoStack::indexChanged, this, &DesignerWindow::selectionChanged),
+        connect(stack, &QUndoStack::cleanChanged, this, &DesignerWindow::updateTitle),
+        connect(stack, &QUndoStack::canUndoChanged, action(QStringLiteral("undo")), &QAction::setEnabled),
+        connect(stack, &QUndoStack::canRedoChanged, action(QStringLiteral("redo")), &QAction::setEnabled),
+    };
+    action(QStringLiteral("undo"))->setEnabled(stack->canUndo());
+    action(QStringLiteral("redo"))->setEnabled(stack->canRedo());
+    m_view->fitPage();
+    selectionChanged();
+    updateTitle();
+    Q_EMIT reportChanged(report);
+}
+
+void DesignerWindow::selectionChanged()
+{
+    if (!m_report)
+        return;
+    const bool selected = !m_editor->selectedItems().isEmpty();
+    for (const char* name : {"cut", "copy", "delete"})
+        action(QLatin1String(name))->setEnabled(selected);
+    action(QStringLiteral("paste"))->setEnabled(m_editor->canPaste(QApplication::clipboard()->mimeData()));
+    m_format->refresh();
+    m_geometry->refresh();
+}
+
+bool DesignerWindow::isModified() const
+{
+    return m_report && !m_report->undoStack()->isClean();
+}
+
+void DesignerWindow::updateTitle()
+{
+    if (!m_report)
+        return;
+    const QString name =
+        m_report->filename().isEmpty() ? tr("未命名") : QFileInfo(m_report->filename()).fileName();
+    setWindowTitle(tr("%1[*] (%2) - 报表设计器").arg(name, Report::typeName(m_report->type())));
+    setWindowModified(isModified());
+}
+
+bool DesignerWindow::maybeSave()
+{
+    if (!isModified())
+        return true;
+    const QString name =
+        m_report->filename().isEmpty() ? tr("未命名") : QFileInfo(m_report->filename()).fileName();
+    switch (m_dialogs->askSaveChanges(this, name)) {
+    case QMessageBox::Save:
+        return save();
+    case QMessageBox::Discard:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool DesignerWindow::newTemplate()
+{
+    if (!maybeSave())
+        return false;
+    kv::ReportType type = kv::PatientReport;
+    if (!m_dialogs->chooseReportType(this, type))
+        return false;
+    newTemplate(type);
+    return true;
+}
+
+void DesignerWindow::newTemplate(kv::ReportType type)
+{
+    Report* report = makeReport();
+    report->setType(type);
+    setReport(report);
+}
+
+bool DesignerWindow::open()
+{
+    if (!maybeSave())
+        return false;
+    const QString directory = m_report && !m_report->filename().isEmpty()
+                                  ? QFileInfo(m_report->filename()).absolutePath()
+                                  : QString();
+    const QString fileName = m_dialogs->openFileName(this, directory);
+    return !fileName.isEmpty() && openFile(fileName);
+}
+
+bool DesignerWindow::openFile(const QString& fileName)
+{
+    Report* report = makeReport();
+    // Items appear in the scene while they load; none of that is an edit of the user's.
+    report->setDesignMode(false);
+    if (!report->load(fileName)) {
+        m_dialogs->showError(
+            this, tr("无法打开模板 %1\n%2").arg(QFileInfo(fileName).fileName(), report->errorString()));
+        delete report;
+        if (!QFileInfo::exists(fileName))
+            m_recent->remove(fileName);
+        return false;
+    }
+    report->setDesignMode(true);
+    report->undoStack()->clear();
+    report->setFileName(QFileInfo(fileName).absoluteFilePath());
+    setReport(report);
+    m_recent->add(fileName);
+    return true;
+}
+
+bool DesignerWindow::save()
+{
+    if (m_report->filename().isEmpty())
+        return saveAs();
+    return saveFile(m_report->filename());
+}
+
+bool DesignerWindow::saveAs()
+{
+    QString suggestion = m_report->filename();
+    if (suggestion.isEmpty())
+        suggestion = Report::typeName(m_report->type()) + QLatin1Char('.') + Report::suffix;
+    QString fileName = m_dialogs->saveFileName(this, suggestion);
+    if (fileName.isEmpty())
+        return false;
+    if (QFileInfo(fileName).suffix().isEmpty())
+        fileName += QLatin1Char('.') + Report::suffix;
+    return saveFile(fileName);
+}
+
+bool DesignerWindow::saveFile(const QString& fileName)
+{
+    m_report->setErrorString(QString());
+    if (!m_report->save(fileName)) {
+        // A file that cannot be opened was already reported by the library itself.
+        if (!m_report->errorString().isEmpty())
+            m_dialogs->showError(
+                this, tr("无法保存模板 %1\n%2").arg(QFileInfo(fileName).fileName(), m_report->errorString()));
+        return false;
+    }
+    m_report->setFileName(QFileInfo(fileName).absoluteFilePath());
+    m_report->undoStack()->setClean();
+    m_recent->add(fileName);
+    updateTitle();
+    statusBar()->showMessage(tr("已保存 %1").arg(QFileInfo(fileName).fileName()), 3000);
+    return true;
+}
+
+bool DesignerWindow::pageSetup()
+{
+    PageSetup setup = PageSetup::of(m_report);
+    const PageSetup before = setup;
+    if (!m_dialogs->editPageSetup(this, setup) || setup == before)
+        return false;
+    auto* command = new SetupPageCommand(m_report, setup.pageSize, setup.orientation, setup.customSize);
+    command->setText(tr("页面设置"));
+    m_report->undoStack()->push(command);
+    return true;
+}
+
+void DesignerWindow::chooseWorkspace()
+{
+    const QString directory = m_dialogs->workspaceDirectory(this, m_workspace);
+    if (!directory.isEmpty())
+        m_workspace = directory;
+}
+
+bool DesignerWindow::preview()
+{
+    const QString ini = QDir(m_workspace).filePath(workspaceProfileName());
+    if (!QFileInfo(ini).isFile()) {
+        m_dialogs->showError(this, tr("工作区 %1 中没有配置文件 %2")
+                                       .arg(QDir::toNativeSeparators(QDir(m_workspace).absolutePath()),
+                                            workspaceProfileName()));
+        return false;
+    }
+    Profile profile(ini);
+    TemplatePreview preview(&profile);
+    if (!preview.show(m_report, this)) {
+        m_dialogs->showError(this, preview.errorString());
+        return false;
+    }
+    return true;
+}
+
+void DesignerWindow::closeEvent(QCloseEvent* event)
+{
+    if (maybeSave())
+        event->accept();
+    else
+        event->ignore();
+}
+
+} // namespace coagulation

@@ -1,0 +1,821 @@
+#include <designerdialogs.h>
+#include <designerwindow.h>
+#include <formattoolbar.h>
+#include <geometrypanel.h>
+#include <pagesetupdialog.h>
+#include <pageview.h>
+#include <previewdata.h>
+#include <recentfiles.h>
+#include <reporteditor.h>
+#include <toolpalette.h>
+
+#include <commands.h>
+#include <core/dialogdriver.h>
+#include <core/profile.h>
+#include <drawingitems.h>
+#include <itemfactory.h>
+#include <labdata/labdatabasegenerator.h>
+#include <report.h>
+#include <reportitemcreator.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QFontComboBox>
+#include <QMenu>
+#include <QMimeData>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QSqlQuery>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QToolBox>
+#include <QToolButton>
+#include <QtTest>
+#include <QUndoStack>
+#include <QUndoView>
+
+#include <memory>
+
+using namespace coagulation;
+
+namespace {
+
+// Answers the designer's questions from a script and records what it was told.
+class ScriptedDialogs : public DesignerDialogs
+{
+public:
+    kv::ReportType reportType = kv::QcReport;
+    bool cancelType = false;
+    QString openName;
+    QString saveName;
+    QMessageBox::StandardButton saveChanges = QMessageBox::Cancel;
+    PageSetup pageSetup;
+    bool cancelPageSetup = false;
+    QColor color;
+    QStringList errors;
+    int saveQuestions = 0;
+
+    bool chooseReportType(QWidget*, kv::ReportType& type) override
+    {
+        type = reportType;
+        return !cancelType;
+    }
+    QString openFileName(QWidget*, const QString&) override { return openName; }
+    QString saveFileName(QWidget*, const QString&) override { return saveName; }
+    QMessageBox::StandardButton askSaveChanges(QWidget*, const QString&) override
+    {
+        ++saveQuestions;
+        return saveChanges;
+    }
+    void showError(QWidget*, const QString& text) override { errors.append(text); }
+    bool editPageSetup(QWidget*, PageSetup& setup) override
+    {
+        if (cancelPageSetup)
+            return false;
+        setup = pageSetup;
+        return true;
+    }
+    QColor chooseColor(QWidget*, const QColor&) override { return color; }
+    QString workspaceDirectory(QWidget*, const QString&) override { return {}; }
+};
+
+template <class T> T* findItem(const QList<ReportItem*>& items)
+{
+    for (ReportItem* item : items)
+        if (auto* found = dynamic_cast<T*>(item))
+            return found;
+    return nullptr;
+}
+
+} // namespace
+
+class tst_Designer : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void drawTextTypeAndUndo();
+    void paletteGroupsAndPointer();
+    void fontThroughToolbar();
+    void penAndBrush();
+    void copyPasteSelection();
+    void deleteSelection();
+    void saveReopenCompare();
+    void openErrorShowsReportText();
+    void recentFiles();
+    void nudgeWithArrowKeys_data();
+    void nudgeWithArrowKeys();
+    void positionAndSizeFields();
+    void titleAndClosing();
+    void pageSetupUndo();
+    void pageSetupDialog();
+    void zoom();
+    void previewDataFromWorkspace();
+    void previewThroughPlugin();
+
+private:
+    ReportTextItem* addText(const QString& text, const QPointF& pos);
+    ReportRectItem* addRect(const QRectF& rect);
+    void drag(const QPointF& from, const QPointF& to);
+    QList<ReportItem*> items() const { return window->report()->reportItems(); }
+    QUndoStack* stack() const { return window->report()->undoStack(); }
+
+    QTemporaryDir dir;
+    std::unique_ptr<Profile> profile;
+    std::unique_ptr<ItemFactory> factory;
+    std::unique_ptr<DesignerWindow> window;
+    ScriptedDialogs* dialogs = nullptr;
+};
+
+void tst_Designer::initTestCase()
+{
+    QStandardPaths::setTestModeEnabled(true);
+    QCoreApplication::setOrganizationName(QStringLiteral("CoagulationTest"));
+    QCoreApplication::setApplicationName(QStringLiteral("tst_designer"));
+    QVERIFY(dir.isValid());
+    profile = std::make_unique<Profile>();
+    LabDatabaseGenerator lab(profile.get(), 7);
+    lab.setPatientCount(12);
+    lab.setQcPointCount(20);
+    QVERIFY2(lab.generate(), qPrintable(lab.errorString()));
+    factory = std::make_unique<ItemFactory>(profile.get());
+}
+
+void tst_Designer::init()
+{
+    window = std::make_unique<DesignerWindow>(profile.get(), factory.get());
+    auto scripted = std::make_unique<ScriptedDialogs>();
+    dialogs = scripted.get();
+    window->setDialogs(std::move(scripted));
+    window->show();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    window->view()->actualSize();
+    window->view()->ensureVisible(QRectF(0, 0, 10, 10), 0, 0);
+}
+
+void tst_Designer::cleanup()
+{
+    window.reset();
+}
+
+ReportTextItem* tst_Designer::addText(const QString& text, const QPointF& pos)
+{
+    auto* item = new ReportTextItem(true);
+    item->setKey(QStringLiteral("Text"));
+    item->setPlainText(text);
+    item->setPos(pos);
+    stack()->push(new NewCommand(window->report(), item));
+    return item;
+}
+
+ReportRectItem* tst_Designer::addRect(const QRectF& rect)
+{
+    auto* item = new ReportRectItem;
+    item->setKey(QStringLiteral("Rect"));
+    item->setRect(QRectF(QPointF(), rect.size()));
+    item->setPos(rect.topLeft());
+    stack()->push(new NewCommand(window->report(), item));
+    return item;
+}
+
+void tst_Designer::drag(const QPointF& from, const QPointF& to)
+{
+    QWidget* viewport = window->view()->viewport();
+    const QPoint a = window->view()->mapFromScene(from), b = window->view()->mapFromScene(to);
+    auto send = [viewport](QEvent::Type type, const QPoint& at, Qt::MouseButton button,
+                           Qt::MouseButtons buttons) {
+        QMouseEvent event(type, at, viewport->mapToGlobal(at), button, buttons, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &event);
+    };
+    send(QEvent::MouseButtonPress, a, Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, (a + b) / 2, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseMove, b, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, b, Qt::LeftButton, Qt::NoButton);
+}
+
+void tst_Designer::drawTextTypeAndUndo()
+{
+    ToolPalette* palette = window->toolPalette();
+    ReportItemCreator* text = palette->creator(QStringLiteral("Text"));
+    QVERIFY(text);
+    QCOMPARE(palette->current(), palette->pointer());
+    QTest::mouseClick(palette->button(text), Qt::LeftButton);
+    QCOMPARE(palette->current(), text);
+    QCOMPARE(window->view()->dragMode(), QGraphicsView::NoDrag); // the pointer was left
+
+    drag(QPointF(100, 100), QPointF(300, 140));
+    QCOMPARE(items().size(), 1);
+    auto* item = dynamic_cast<ReportTextItem*>(items().first());
+    QVERIFY(item);
+    QCOMPARE(item->key(), QStringLiteral("Text"));
+    QCOMPARE(item->pos(), QPointF(100, 100));
+    QCOMPARE(stack()->count(), 1);
+    // The tool has finished: the pointer is back.
+    QTRY_COMPARE(palette->current(), palette->pointer());
+    QCOMPARE(window->view()->dragMode(), QGraphicsView::RubberBandDrag);
+
+    window->view()->setFocus();
+    QTest::keyClicks(window->view()->viewport(), QStringLiteral("INR 1.2"));
+    QCOMPARE(item->toPlainText(), QStringLiteral("INR 1.2"));
+    // While typing, arrows and Delete edit the text; they neither nudge nor delete the item.
+    QTest::keyClick(window->view()->viewport(), Qt::Key_Left);
+    QTest::keyClick(window->view()->viewport(), Qt::Key_Delete);
+    QTest::keyClicks(window->view()->viewport(), QStringLiteral("3"));
+    QCOMPARE(item->toPlainText(), QStringLiteral("INR 1.3"));
+    QCOMPARE(item->pos(), QPointF(100, 100));
+    QCOMPARE(items().size(), 1);
+    QCOMPARE(stack()->count(), 2); // the typing is one merged step
+    QVERIFY(window->isWindowModified());
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(item->toPlainText(), QString());
+    QCOMPARE(items().size(), 1);
+    window->action(QStringLiteral("undo"))->trigger();
+    QVERIFY(items().isEmpty());
+    QVERIFY(!window->action(QStringLiteral("undo"))->isEnabled());
+    QVERIFY(!window->isWindowModified());
+    window->action(QStringLiteral("redo"))->trigger();
+    window->action(QStringLiteral("redo"))->trigger();
+    QCOMPARE(items().size(), 1);
+    QCOMPARE(item->toPlainText(), QStringLiteral("INR 1.3"));
+    QCOMPARE(window->undoView()->stack(), stack());
+}
+
+void tst_Designer::paletteGroupsAndPointer()
+{
+    ToolPalette* palette = window->toolPalette();
+    QCOMPARE(palette->creators(), factory->creators());
+    auto* box = palette->findChild<QToolBox*>();
+    QVERIFY(box);
+    QStringList groups;
+    for (int i = 0; i < box->count(); ++i)
+        groups.append(box->itemText(i));
+    QCOMPARE(groups, (QStringList{QStringLiteral("基本工具"), QStringLiteral("通用信息"),
+                                  QStringLiteral("患者信息"), QStringLiteral("质控血浆"),
+                                  QStringLiteral("质控信息"), QStringLiteral("维护记录")}));
+    for (ReportItemCreator* creator : palette->creators()) {
+        QAbstractButton* button = palette->button(creator);
+        QCOMPARE(button->text(), creator->name());
+        QCOMPARE(button->icon().isNull(), creator->icon().isNull());
+    }
+    QVERIFY(!palette->button(palette->pointer())->icon().isNull());
+
+    // A data field drawn from the palette is a field item with the column's key.
+    ReportItemCreator* name = palette->creator(QStringLiteral("field:/patient/name"));
+    QVERIFY(name);
+    QTest::mouseClick(palette->button(name), Qt::LeftButton);
+    drag(QPointF(50, 50), QPointF(200, 80));
+    QCOMPARE(items().size(), 1);
+    QCOMPARE(items().first()->key(), QStringLiteral("field:/patient/name"));
+    QTRY_COMPARE(palette->current(), palette->pointer());
+
+    // A tool given up without creating anything also brings the pointer back.
+    ReportItemCreator* rect = palette->creator(QStringLiteral("Rect"));
+    palette->activate(rect);
+    QCOMPARE(palette->current(), rect);
+    rect->finish();
+    QTRY_COMPARE(palette->current(), palette->pointer());
+    QVERIFY(palette->button(palette->pointer())->isChecked());
+}
+
+void tst_Designer::fontThroughToolbar()
+{
+    ReportTextItem* item = addText(QStringLiteral("凝血酶原时间"), QPointF(40, 40));
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPixelSize(14);
+    item->setFont(font);
+    item->setSelected(true);
+    FormatToolBar* bar = window->formatBar();
+    QCOMPARE(bar->fontSizeBox()->value(), 14);
+    QVERIFY(!bar->boldAction()->isChecked());
+    QVERIFY(bar->fontFamilyBox()->isEnabled());
+    QVERIFY(!bar->penWidthBox()->isEnabled()); // a text has no pen of its own here
+    const int steps = stack()->count();
+
+    bar->fontFamilyBox()->setCurrentFont(QFont(QStringLiteral("Noto Sans CJK SC")));
+    QCOMPARE(item->font().family(), QStringLiteral("Noto Sans CJK SC"));
+    bar->fontSizeBox()->setValue(20);
+    QCOMPARE(item->font().pixelSize(), 20);
+    bar->boldAction()->trigger();
+    QCOMPARE(item->font().weight(), QFont::Bold);
+    bar->italicAction()->trigger();
+    QCOMPARE(item->font().style(), QFont::StyleItalic);
+    bar->underlineAction()->trigger();
+    QVERIFY(item->font().underline());
+    bar->alignmentAction(Qt::AlignRight)->trigger();
+    QCOMPARE(item->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
+    QCOMPARE(stack()->count(), steps + 6);
+    // The controls follow the item, also after an undo step.
+    QVERIFY(bar->boldAction()->isChecked());
+    QVERIFY(bar->alignmentAction(Qt::AlignRight)->isChecked());
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QVERIFY(!(item->alignment() & (Qt::AlignRight | Qt::AlignHCenter)));
+    QVERIFY(bar->alignmentAction(Qt::AlignLeft)->isChecked());
+    for (int i = 0; i < 5; ++i)
+        window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(item->font().family(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(item->font().pixelSize(), 14);
+    QCOMPARE(item->font().weight(), QFont::Normal);
+    QVERIFY(!item->font().underline());
+    QCOMPARE(bar->fontSizeBox()->value(), 14);
+    QCOMPARE(bar->fontFamilyBox()->currentFont().family(), QStringLiteral("DejaVu Sans"));
+}
+
+void tst_Designer::penAndBrush()
+{
+    ReportRectItem* first = addRect(QRectF(20, 20, 100, 50));
+    ReportRectItem* second = addRect(QRectF(200, 20, 100, 50));
+    ReportTextItem* text = addText(QStringLiteral("x"), QPointF(300, 300));
+    first->setSelected(true);
+    second->setSelected(true);
+    FormatToolBar* bar = window->formatBar();
+    QVERIFY(bar->penWidthBox()->isEnabled());
+    QVERIFY(!bar->fontFamilyBox()->isEnabled());
+    const int steps = stack()->count();
+
+    dialogs->color = QColor(200, 0, 0);
+    QTest::mouseClick(bar->penColorButton(), Qt::LeftButton);
+    bar->penWidthBox()->setValue(3);
+    bar->setPenStyle(Qt::DashLine);
+    dialogs->color = QColor(0, 0, 200);
+    QTest::mouseClick(bar->brushColorButton(), Qt::LeftButton);
+    QCOMPARE(stack()->count(), steps + 4); // one step per change, for both rectangles
+    for (ReportRectItem* rect : {first, second}) {
+        QCOMPARE(rect->pen().color(), QColor(200, 0, 0));
+        QCOMPARE(rect->pen().width(), 3);
+        QCOMPARE(rect->pen().style(), Qt::DashLine);
+        QCOMPARE(rect->brush().color(), QColor(0, 0, 200));
+        QCOMPARE(rect->brush().style(), Qt::SolidPattern); // a colour chosen for no fill fills
+        QVERIFY(rect->isSelected());
+    }
+    QVERIFY(!text->isSelected());
+
+    dialogs->color = QColor(); // cancelled
+    QTest::mouseClick(bar->brushColorButton(), Qt::LeftButton);
+    QCOMPARE(stack()->count(), steps + 4);
+
+    bar->setBrushStyle(Qt::NoBrush);
+    QCOMPARE(second->brush().style(), Qt::NoBrush);
+    for (int i = 0; i < 5; ++i)
+        window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(first->pen(), ReportRectItem().pen());
+    QCOMPARE(second->brush(), ReportRectItem().brush());
+}
+
+void tst_Designer::nudgeWithArrowKeys_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::addColumn<QPointF>("offset");
+    QTest::newRow("right") << int(Qt::Key_Right) << Qt::KeyboardModifiers() << QPointF(10, 0);
+    QTest::newRow("up") << int(Qt::Key_Up) << Qt::KeyboardModifiers() << QPointF(0, -10);
+    QTest::newRow("alt left") << int(Qt::Key_Left) << Qt::KeyboardModifiers(Qt::AltModifier)
+                              << QPointF(-1, 0);
+    QTest::newRow("alt down") << int(Qt::Key_Down) << Qt::KeyboardModifiers(Qt::AltModifier) << QPointF(0, 1);
+}
+
+void tst_Designer::nudgeWithArrowKeys()
+{
+    QFETCH(int, key);
+    QFETCH(Qt::KeyboardModifiers, modifiers);
+    QFETCH(QPointF, offset);
+    ReportRectItem* a = addRect(QRectF(100, 100, 40, 40));
+    ReportRectItem* b = addRect(QRectF(200, 103, 40, 40)); // off the grid on purpose
+    a->setSelected(true);
+    b->setSelected(true);
+    const int steps = stack()->count();
+    window->view()->setFocus();
+
+    QTest::keyClick(window->view(), Qt::Key(key), modifiers);
+    QTest::keyClick(window->view(), Qt::Key(key), modifiers);
+    QCOMPARE(a->pos(), QPointF(100, 100) + 2 * offset);
+    QCOMPARE(b->pos(), QPointF(200, 103) + 2 * offset); // moved by steps, not snapped
+    QCOMPARE(stack()->count(), steps + 1);              // recorded as one move
+    QVERIFY(dynamic_cast<const PositionCommand*>(stack()->command(steps)));
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(a->pos(), QPointF(100, 100));
+    QCOMPARE(b->pos(), QPointF(200, 103));
+}
+
+void tst_Designer::positionAndSizeFields()
+{
+    ReportRectItem* rect = addRect(QRectF(0, 0, 96 / 25.4 * 30, 96 / 25.4 * 20));
+    rect->setSelected(true);
+    GeometryPanel* panel = window->geometryPanel();
+    QCOMPARE(panel->widthBox()->value(), 30.0);
+    QCOMPARE(panel->heightBox()->value(), 20.0);
+    const int steps = stack()->count();
+
+    panel->xBox()->setValue(25.4);
+    QCOMPARE(rect->pos(), QPointF(96, 0));
+    panel->widthBox()->setValue(50.8);
+    QCOMPARE(rect->rect().width(), 192.0);
+    QCOMPARE(stack()->count(), steps + 2);
+    QVERIFY(window->report()->tracker()); // the handles follow
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(rect->rect().width(), 96 / 25.4 * 30);
+    QCOMPARE(panel->widthBox()->value(), 30.0);
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(rect->pos(), QPointF(0, 0));
+    QCOMPARE(panel->xBox()->value(), 0.0);
+}
+
+void tst_Designer::pageSetupUndo()
+{
+    Report* report = window->report();
+    dialogs->pageSetup = {QPageSize::A5, QPageLayout::Landscape, QSizeF()};
+    QVERIFY(window->pageSetup());
+    QCOMPARE(report->pageSize(), QPageSize::A5);
+    QCOMPARE(report->orientation(), QPageLayout::Landscape);
+    QCOMPARE(report->sceneRect().size().toSize(), QSize(794, 559));
+    QVERIFY(window->isWindowModified());
+
+    dialogs->pageSetup = {QPageSize::Custom, QPageLayout::Portrait, QSizeF(100, 50)};
+    QVERIFY(window->pageSetup());
+    QCOMPARE(report->pageSizeF(), QSizeF(100, 50));
+    QCOMPARE(stack()->count(), 2);
+
+    // An unchanged set-up or a cancelled dialog records nothing.
+    QVERIFY(!window->pageSetup());
+    dialogs->cancelPageSetup = true;
+    QVERIFY(!window->pageSetup());
+    QCOMPARE(stack()->count(), 2);
+
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(report->pageSize(), QPageSize::A5);
+    QCOMPARE(report->orientation(), QPageLayout::Landscape);
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(report->pageSize(), QPageSize::A4);
+    QCOMPARE(report->orientation(), QPageLayout::Portrait);
+    QCOMPARE(report->pageSizeF().toSize(), QSize(210, 297));
+    QVERIFY(!window->isWindowModified());
+}
+
+void tst_Designer::pageSetupDialog()
+{
+    PageSetupDialog dialog({QPageSize::A5, QPageLayout::Landscape, QSizeF(148, 210)});
+    auto* size = dialog.findChild<QComboBox*>();
+    const QList<QDoubleSpinBox*> boxes = dialog.findChildren<QDoubleSpinBox*>();
+    QCOMPARE(boxes.size(), 2);
+    QCOMPARE(size->currentText(), QStringLiteral("A5"));
+    QVERIFY(!boxes.at(0)->isEnabled()); // a standard size is not edited in millimetres
+    QCOMPARE(dialog.pageSetup().orientation, QPageLayout::Landscape);
+
+    size->setCurrentIndex(size->findData(int(QPageSize::A3)));
+    QCOMPARE(boxes.at(0)->value(), 297.0);
+    QCOMPARE(boxes.at(1)->value(), 420.0);
+    size->setCurrentIndex(size->findData(int(QPageSize::Custom)));
+    QVERIFY(boxes.at(0)->isEnabled());
+    boxes.at(0)->setValue(100);
+    boxes.at(1)->setValue(50);
+    dialog.findChildren<QRadioButton*>().at(0)->setChecked(true);
+    const PageSetup setup = dialog.pageSetup();
+    QCOMPARE(setup.pageSize, QPageSize::Custom);
+    QCOMPARE(setup.customSize, QSizeF(100, 50));
+    QCOMPARE(setup.orientation, QPageLayout::Portrait);
+
+    // A custom size that the report has keeps its millimetres.
+    PageSetupDialog custom({QPageSize::Custom, QPageLayout::Portrait, QSizeF(80, 120)});
+    QCOMPARE(custom.pageSetup().customSize, QSizeF(80, 120));
+}
+
+void tst_Designer::zoom()
+{
+    PageView* view = window->view();
+    QCOMPARE(view->zoom(), 1.0);
+    QWheelEvent wheel(QPointF(200, 200), view->viewport()->mapToGlobal(QPoint(200, 200)), QPoint(),
+                      QPoint(0, 120), Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(view->viewport(), &wheel);
+    QCOMPARE(view->zoom(), 1.25);
+    QCOMPARE(view->transform().m11(), 1.25);
+    window->action(QStringLiteral("fitPage"))->trigger();
+    const QRect page = view->mapFromScene(window->report()->sceneRect()).boundingRect();
+    QVERIFY(view->viewport()->rect().contains(page));
+    QVERIFY(page.height() > view->viewport()->height() * 0.9 ||
+            page.width() > view->viewport()->width() * 0.9);
+    window->action(QStringLiteral("actualSize"))->trigger();
+    QCOMPARE(view->zoom(), 1.0);
+}
+
+void tst_Designer::deleteSelection()
+{
+    ReportRectItem* a = addRect(QRectF(10, 10, 20, 20));
+    ReportRectItem* b = addRect(QRectF(50, 10, 20, 20));
+    ReportTextItem* c = addText(QStringLiteral("keep"), QPointF(100, 100));
+    QVERIFY(!window->action(QStringLiteral("delete"))->isEnabled());
+    window->action(QStringLiteral("selectAll"))->trigger();
+    QCOMPARE(window->editor()->selectedItems().size(), 3);
+    c->setSelected(false);
+    QVERIFY(window->action(QStringLiteral("delete"))->isEnabled());
+    const int steps = stack()->count();
+
+    window->action(QStringLiteral("delete"))->trigger();
+    QCOMPARE(items(), QList<ReportItem*>{c});
+    QCOMPARE(stack()->count(), steps + 1);
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(items().size(), 3);
+    QVERIFY(a->scene() && b->scene());
+}
+
+void tst_Designer::titleAndClosing()
+{
+    QCOMPARE(window->windowTitle(), QStringLiteral("未命名[*] (样本报告单) - 报表设计器"));
+    QVERIFY(!window->isWindowModified());
+
+    // A new template of the chosen type; nothing to save yet, so nothing is asked.
+    dialogs->reportType = kv::MaintenanceRecordReport;
+    QVERIFY(window->newTemplate());
+    QCOMPARE(dialogs->saveQuestions, 0);
+    QCOMPARE(window->report()->type(), kv::MaintenanceRecordReport);
+    QVERIFY(window->report()->isDesignMode());
+    QCOMPARE(window->windowTitle(), QStringLiteral("未命名[*] (维护记录报告单) - 报表设计器"));
+
+    addRect(QRectF(10, 10, 20, 20));
+    QVERIFY(window->isWindowModified());
+    dialogs->saveChanges = QMessageBox::Cancel;
+    QVERIFY(!window->close());
+    QVERIFY(window->isVisible());
+    QVERIFY(!window->newTemplate());
+    QCOMPARE(dialogs->saveQuestions, 2);
+    QCOMPARE(items().size(), 1);
+
+    // Undoing back to the clean state clears the mark; closing asks nothing then.
+    window->action(QStringLiteral("undo"))->trigger();
+    QVERIFY(!window->isWindowModified());
+    window->action(QStringLiteral("redo"))->trigger();
+    dialogs->saveChanges = QMessageBox::Discard;
+    QVERIFY(window->close());
+    QCOMPARE(dialogs->saveQuestions, 3);
+}
+
+void tst_Designer::previewDataFromWorkspace()
+{
+    PreviewData data(profile.get());
+    const QList<qint64> ids = data.patientIds();
+    QCOMPARE(ids.size(), PreviewData::patientCount);
+    QVERIFY(std::is_sorted(ids.rbegin(), ids.rend()));
+    QSqlQuery results(profile->dataDatabase());
+    QVERIFY(
+        results.exec(QStringLiteral("SELECT count(*) FROM result WHERE patientId = %1").arg(ids.first())));
+    QVERIFY(results.next());
+    QVERIFY(results.value(0).toInt() > 0);
+
+    const QList<QcExportData*> qc = data.qcData();
+    QCOMPARE(qc.size(), PreviewData::qcSeriesCount);
+    for (const QcExportData* series : qc) {
+        QCOMPARE(series->points.size(), 20);
+        QCOMPARE(series->count, 20);
+    }
+    QCOMPARE(data.qcData(), qc); // read once, kept
+
+    const MaintenanceExportData* maintenance = data.maintenanceData();
+    QVERIFY(maintenance);
+    QCOMPARE(maintenance->month, QDate(2024, 6, 28)); // the generator's last day
+    QVERIFY(maintenance->workbench);
+    QVERIFY(!maintenance->workbench->name().isEmpty());
+
+    Profile empty; // no tables at all: nothing to show, no crash
+    PreviewData none(&empty);
+    QVERIFY(none.patientIds().isEmpty());
+    QVERIFY(none.qcData().isEmpty());
+    QVERIFY(!none.maintenanceData());
+}
+
+void tst_Designer::copyPasteSelection()
+{
+    ReportRectItem* rect = addRect(QRectF(40, 60, 100, 50));
+    rect->setBrush(QBrush(Qt::yellow));
+    ReportTextItem* text = addText(QStringLiteral("凝血四项"), QPointF(200, 60));
+    addText(QStringLiteral("not copied"), QPointF(200, 300));
+    rect->setSelected(true);
+    text->setSelected(true);
+    QVERIFY(!window->action(QStringLiteral("paste"))->isEnabled() ||
+            window->editor()->canPaste(QApplication::clipboard()->mimeData()));
+
+    window->action(QStringLiteral("copy"))->trigger();
+    const QMimeData* data = QApplication::clipboard()->mimeData();
+    QVERIFY(data->hasFormat(Report::mimeType));
+    QVERIFY(window->action(QStringLiteral("paste"))->isEnabled());
+    const int steps = stack()->count();
+
+    window->action(QStringLiteral("paste"))->trigger();
+    QCOMPARE(items().size(), 5);
+    QCOMPARE(stack()->count(), steps + 1);
+    const QList<ReportItem*> pasted = window->editor()->selectedItems();
+    QCOMPARE(pasted.size(), 2);
+    QVERIFY(!rect->isSelected() && !text->isSelected());
+    auto* rectCopy = findItem<ReportRectItem>(pasted);
+    QVERIFY(rectCopy);
+    QCOMPARE(rectCopy->pos(), rect->pos() + QPointF(10, 10));
+    QCOMPARE(rectCopy->rect(), rect->rect());
+    QCOMPARE(rectCopy->brush().color(), QColor(Qt::yellow));
+    auto* textCopy = findItem<ReportTextItem>(pasted);
+    QVERIFY(textCopy);
+    QCOMPARE(textCopy->toPlainText(), QStringLiteral("凝血四项"));
+    QCOMPARE(textCopy->key(), text->key());
+
+    // A second paste lands one step further; undo takes each paste away whole.
+    window->action(QStringLiteral("paste"))->trigger();
+    QCOMPARE(items().size(), 7);
+    QCOMPARE(findItem<ReportRectItem>(window->editor()->selectedItems())->pos(),
+             rect->pos() + QPointF(20, 20));
+    window->action(QStringLiteral("undo"))->trigger();
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(items().size(), 3);
+
+    // Into another designer window, through the clipboard.
+    DesignerWindow other(profile.get(), factory.get());
+    other.setDialogs(std::make_unique<ScriptedDialogs>());
+    other.editor()->paste();
+    QCOMPARE(other.report()->reportItems().size(), 2);
+    QCOMPARE(other.report()->undoStack()->count(), 1);
+
+    // Cut puts the items on the clipboard and takes them away in one step; pasting puts them back.
+    rect->setSelected(true);
+    window->action(QStringLiteral("cut"))->trigger();
+    QCOMPARE(items().size(), 2);
+    window->action(QStringLiteral("paste"))->trigger();
+    QCOMPARE(items().size(), 3);
+    QCOMPARE(window->editor()->selectedItems().first()->graphicsItem()->pos(), QPointF(40, 60));
+
+    // Something else on the clipboard pastes nothing.
+    auto* foreign = new QMimeData;
+    foreign->setText(QStringLiteral("text"));
+    QApplication::clipboard()->setMimeData(foreign);
+    QVERIFY(!window->action(QStringLiteral("paste"))->isEnabled());
+    const int before = stack()->count();
+    window->editor()->paste();
+    QCOMPARE(stack()->count(), before);
+}
+
+void tst_Designer::saveReopenCompare()
+{
+    ReportRectItem* rect = addRect(QRectF(40, 60, 100, 50));
+    rect->setPen(QPen(Qt::red, 2, Qt::DashLine));
+    ReportTextItem* text = addText(QStringLiteral("凝血检验报告单"), QPointF(200, 30));
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    font.setPixelSize(22);
+    text->setFont(font);
+    auto* line = new ReportLineItem;
+    line->setKey(QStringLiteral("直线"));
+    line->setLine(QLineF(0, 0, 300, 0));
+    line->setPos(50, 120);
+    line->setTransform(QTransform::fromScale(1.5, 1));
+    stack()->push(new NewCommand(window->report(), line));
+    window->report()->setPageSize(QPageSize::A5);
+    QVERIFY(window->isWindowModified());
+
+    const QString path = dir.filePath(QStringLiteral("result.rpt"));
+    dialogs->saveName = dir.filePath(QStringLiteral("result")); // the suffix is added
+    QVERIFY(window->action(QStringLiteral("save"))->isEnabled());
+    window->action(QStringLiteral("save"))->trigger();
+    QVERIFY(QFileInfo::exists(path));
+    QVERIFY(!window->isWindowModified());
+    QCOMPARE(window->windowTitle(), QStringLiteral("result.rpt[*] (样本报告单) - 报表设计器"));
+    QCOMPARE(window->recentFiles()->files().value(0), QFileInfo(path).absoluteFilePath());
+    QCOMPARE(Report::fileType(path), kv::PatientReport);
+
+    DesignerWindow reopened(profile.get(), factory.get());
+    reopened.setDialogs(std::make_unique<ScriptedDialogs>());
+    QVERIFY(reopened.openFile(path));
+    Report* copy = reopened.report();
+    QCOMPARE(copy->pageSize(), QPageSize::A5);
+    QCOMPARE(copy->undoStack()->count(), 0);
+    QVERIFY(copy->isDesignMode());
+    QVERIFY(!reopened.isWindowModified());
+    const QList<ReportItem*> before = items(), after = copy->reportItems();
+    QCOMPARE(after.size(), before.size());
+    for (int i = 0; i < before.size(); ++i) {
+        // Loading adds the topmost item first, so equal-Z items come back in reverse order.
+        ReportItem* original = before.at(i);
+        ReportItem* loaded = after.at(after.size() - 1 - i);
+        QCOMPARE(loaded->key(), original->key());
+        QCOMPARE(loaded->graphicsItem()->pos(), original->graphicsItem()->pos());
+        QCOMPARE(loaded->graphicsItem()->transform(), original->graphicsItem()->transform());
+        QCOMPARE(loaded->geometry(), original->geometry());
+        QCOMPARE(loaded->pen(), original->pen());
+        QCOMPARE(loaded->font().family(), original->font().family());
+        QCOMPARE(loaded->font().pixelSize(), original->font().pixelSize());
+    }
+
+    // Saving again needs no name; a failing save reports the report's own error text.
+    dialogs->saveName.clear();
+    addRect(QRectF(0, 0, 10, 10));
+    QVERIFY(window->save());
+    window->report()->setType(kv::NoReport);
+    addRect(QRectF(0, 0, 10, 10));
+    QVERIFY(!window->save());
+    QCOMPARE(dialogs->errors.value(0), QStringLiteral("无法保存模板 result.rpt\n未知的报表类型"));
+    QVERIFY(window->isWindowModified());
+}
+
+void tst_Designer::openErrorShowsReportText()
+{
+    addRect(QRectF(0, 0, 10, 10));
+    Report* current = window->report();
+    const QString path = dir.filePath(QStringLiteral("broken.rpt"));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("not a template");
+    file.close();
+
+    dialogs->saveChanges = QMessageBox::Discard;
+    dialogs->openName = path;
+    QVERIFY(!window->open());
+    QCOMPARE(dialogs->errors.value(0), QStringLiteral("无法打开模板 broken.rpt\n错误的文件格式"));
+    QCOMPARE(window->report(), current); // the document in the window stays
+
+    QVERIFY(!window->openFile(dir.filePath(QStringLiteral("missing.rpt"))));
+    QVERIFY(dialogs->errors.value(1).startsWith(QStringLiteral("无法打开模板 missing.rpt\n")));
+    QCOMPARE(dialogs->errors.size(), 2);
+}
+
+void tst_Designer::previewThroughPlugin()
+{
+    // Without a workspace the user hears why nothing is shown.
+    window->setWorkspaceDirectory(dir.filePath(QStringLiteral("nowhere")));
+    QVERIFY(!window->preview());
+    QVERIFY(dialogs->errors.value(0).contains(QStringLiteral("profile.ini")));
+
+    const QString folder = dir.filePath(QStringLiteral("workspace"));
+    QVERIFY(QDir().mkpath(folder));
+    {
+        Profile lab(QDir(folder).filePath(QStringLiteral("profile.ini")));
+        LabDatabaseGenerator generator(&lab, 3);
+        generator.setPatientCount(8);
+        generator.setQcPointCount(10);
+        QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
+    }
+    window->setWorkspaceDirectory(folder);
+    addText(QStringLiteral("凝血检验报告单"), QPointF(100, 40));
+    ReportItem* name = factory->create(QStringLiteral("field:/patient/name"));
+    name->setKey(QStringLiteral("field:/patient/name"));
+    name->graphicsItem()->setPos(100, 100);
+    stack()->push(new NewCommand(window->report(), name));
+
+    int pages = -1;
+    QString title;
+    DialogDriver::setHandler([&](QDialog* dialog) {
+        if (auto* preview = qobject_cast<QPrintPreviewDialog*>(dialog)) {
+            auto* widget = preview->findChild<QPrintPreviewWidget*>();
+            widget->updatePreview();
+            pages = widget->pageCount();
+        }
+        title = dialog->metaObject()->className();
+        return int(QDialog::Rejected);
+    });
+    const bool shown = window->preview();
+    DialogDriver::clear();
+    QVERIFY(shown);
+    QCOMPARE(title, QStringLiteral("QPrintPreviewDialog"));
+    QCOMPARE(pages, PreviewData::patientCount);          // one page per patient
+    QCOMPARE(window->report()->reportItems().size(), 2); // the designer's document is untouched
+    QCOMPARE(window->report()->currentPage(), 1);
+
+    // The template was handed over for this preview only; the workspace remembers nothing of it.
+    Profile after(QDir(folder).filePath(QStringLiteral("profile.ini")));
+    QVERIFY(after.value(QStringLiteral("report/template")).toString().isEmpty());
+}
+
+void tst_Designer::recentFiles()
+{
+    QMenu menu;
+    RecentFiles recent(&menu);
+    for (const QString& name : recent.files())
+        recent.remove(name);
+    QVERIFY(!menu.isEnabled());
+    for (int i = 0; i < 10; ++i)
+        recent.add(dir.filePath(QStringLiteral("t%1.rpt").arg(i)));
+    QStringList files = recent.files();
+    QCOMPARE(files.size(), RecentFiles::maximum);
+    QCOMPARE(QFileInfo(files.first()).fileName(), QStringLiteral("t9.rpt"));
+    QCOMPARE(QFileInfo(files.last()).fileName(), QStringLiteral("t2.rpt"));
+    recent.add(dir.filePath(QStringLiteral("t5.rpt"))); // opened again: first, not twice
+    files = recent.files();
+    QCOMPARE(files.size(), RecentFiles::maximum);
+    QCOMPARE(QFileInfo(files.first()).fileName(), QStringLiteral("t5.rpt"));
+    QCOMPARE(files.count(files.first()), 1);
+
+    QCOMPARE(menu.actions().size(), RecentFiles::maximum);
+    QSignalSpy chosen(&recent, &RecentFiles::chosen);
+    menu.actions().at(1)->trigger();
+    QCOMPARE(chosen.value(0).value(0).toString(), files.at(1));
+    recent.remove(files.at(1));
+    QCOMPARE(menu.actions().size(), RecentFiles::maximum - 1);
+}
+
+QTEST_MAIN(tst_Designer)
+#include "tst_designer.moc"
