@@ -42,8 +42,8 @@ QString errorOf(const ResultCollector::Result* result)
 ResultTable::Figure timeOf(const ResultCollector::Result* result, double per)
 {
     if (!result || !result->error.empty() || per <= 0 || result->secondsPerIteration <= 0)
-        return {-1.0, errorOf(result)};
-    return {result->secondsPerIteration / per, QString()};
+        return {-1.0, errorOf(result), result != nullptr};
+    return {result->secondsPerIteration / per, QString(), false};
 }
 
 ResultTable::Figure perPage(const ResultCollector::Result* result)
@@ -81,7 +81,7 @@ void ResultTable::addMemoryRow()
     const auto peak = [this](int count) -> Figure {
         const auto* result = m_results.result(name::peakMemory(count));
         const double kib = counterOf(result, counter::peakRssKiB);
-        return kib > 0 ? Figure{kib, QString()} : Figure{-1.0, errorOf(result)};
+        return kib > 0 ? Figure{kib, QString(), false} : Figure{-1.0, errorOf(result), result != nullptr};
     };
     addRow(QStringLiteral("peak RSS: %1 / %2 patients").arg(m_config.scalingLarge).arg(m_config.scalingSmall),
            peak(m_config.scalingLarge), peak(m_config.scalingSmall), mebibytes, 1.2);
@@ -131,7 +131,8 @@ void ResultTable::addRow(const QString& what, const Figure& ours, const Figure& 
     row.what = what;
     row.target = target;
     if (ours.value < 0 || reference.value <= 0) {
-        m_allMeasured = false;
+        if (ours.failed || reference.failed)
+            m_allMeasured = false;
         row.note = ours.value < 0 ? ours.error : reference.error;
     } else {
         row.ours = format(ours.value);

@@ -16,7 +16,7 @@ public:
     ResultTable(const BenchConfig& config, const ResultCollector& results);
 
     QString text() const;
-    // False when a measurement failed or did not run.
+    // False when a benchmark that ran could not measure (a filtered-out one is no failure).
     bool allMeasured() const { return m_allMeasured; }
 
     // One measured figure (seconds, KiB), or below 0 with the reason it is missing.
@@ -24,6 +24,7 @@ public:
     {
         double value = -1.0;
         QString error;
+        bool failed = false; // the benchmark ran and reported an error
     };
 
 private:
