@@ -2,7 +2,10 @@
 #include <kvcore/assayitem.h>
 #include <kvcore/maintenanceexportdata.h>
 #include <kvcore/qcexportdata.h>
+#include <labdata/labdatabasegenerator.h>
 #include <reportitem.h>
+
+#include <QFile>
 
 #include <QLocale>
 #include <QRegularExpression>
@@ -69,6 +72,8 @@ private Q_SLOTS:
     void qcBinding();
     void maintenanceSequence();
     void brokenDatabases();
+    void generatedLaboratoryFiles();
+    void unreadableDatabaseFile();
 };
 
 void tst_DataBinding::fieldTypes()
@@ -249,6 +254,77 @@ void tst_DataBinding::brokenDatabases()
     bare.prepareQcData(nullptr);
     bare.prepareMaintenanceData(nullptr);
     QVERIFY(bare.record("patient").isEmpty());
+}
+
+// The laboratory the demo prints from, in real database files next to a profile's INI file.
+void tst_DataBinding::generatedLaboratoryFiles()
+{
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    Profile profile(dir.filePath(QStringLiteral("profile.ini")));
+    LabDatabaseGenerator generator(&profile, 11);
+    generator.setPatientCount(40);
+    generator.setQcPointCount(5);
+    QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
+    QVERIFY(QFile::exists(profile.databasePath(QStringLiteral("data"))));
+
+    QSqlQuery pick(profile.dataDatabase());
+    QVERIFY(pick.exec("select id, name, age, collectTime, birthday, checkTime from patient "
+                      "where birthday is not null and checkTime is not null and printTime is null "
+                      "order by id limit 1"));
+    QVERIFY(pick.next());
+    const int id = pick.value(0).toInt();
+
+    Report report(&profile, nullptr);
+    const QStringList columns{"name", "age", "collectTime", "birthday", "checkTime", "printTime", "nosuch"};
+    QList<ReportFieldItem*> fields;
+    for (const QString& column : columns)
+        fields.append(addField(report, &profile, "patient", column));
+    QCOMPARE(fields.at(0)->toPlainText(), QStringLiteral("[姓名]")); // the display name from the profile
+    QCOMPARE(fields.at(6)->toPlainText(), QStringLiteral("[nosuch]"));
+
+    report.fetchData(id, profile.dataDatabase());
+    const QLocale zh;
+    // Times are kept as time or as date-time text; either shows the time.
+    QTime checkTime = QTime::fromString(pick.value(5).toString(), Qt::ISODate);
+    if (!checkTime.isValid())
+        checkTime = QDateTime::fromString(pick.value(5).toString(), Qt::ISODate).time();
+    const QStringList expected{
+        pick.value(1).toString(),
+        pick.value(2).toString(),
+        zh.toString(QDateTime::fromString(pick.value(3).toString(), Qt::ISODate), QLocale::ShortFormat),
+        zh.toString(QDate::fromString(pick.value(4).toString(), Qt::ISODate), QLocale::ShortFormat),
+        zh.toString(checkTime, QLocale::ShortFormat),
+        QString(), // never printed: NULL
+        QString(), // no such column: empty, no crash
+    };
+    for (int i = 0; i < columns.size(); ++i)
+        QCOMPARE(fields.at(i)->toPlainText(), expected.at(i));
+    QVERIFY(!expected.at(2).isEmpty() && !expected.at(3).isEmpty() && !expected.at(4).isEmpty());
+}
+
+// A database file that is not a database: warnings and empty values, the report goes on.
+void tst_DataBinding::unreadableDatabaseFile()
+{
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    QFile garbage(dir.filePath(QStringLiteral("data.db")));
+    QVERIFY(garbage.open(QIODevice::WriteOnly));
+    garbage.write(QByteArray(4096, '\x5a'));
+    garbage.close();
+    Profile profile(dir.filePath(QStringLiteral("profile.ini")));
+    Report report(&profile, nullptr);
+    auto* name = addField(report, &profile, "patient", "name");
+    auto* probe = new ProbeItem;
+    report.addItem(probe);
+
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("reportdata.cpp:\\d+: file is not a database"));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("reportdata.cpp:\\d+: file is not a database"));
+    report.fetchData(1, profile.dataDatabase());
+    QCOMPARE(name->toPlainText(), QString());
+    QCOMPARE(probe->updated, 1);
+    QVERIFY(report.record("patient").isEmpty());
+    QCOMPARE(report.fieldType("patient", "name"), QMetaType::QString);
 }
 
 QTEST_MAIN(tst_DataBinding)

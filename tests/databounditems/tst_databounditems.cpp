@@ -209,6 +209,12 @@ void tst_DataBoundItems::payloads()
     QCOMPARE(loadedProp.propName(), QStringLiteral("qc/fileno"));
     QCOMPARE(loadedProp.toPlainText(), QStringLiteral("[QC01]"));
     QCOMPARE(save(&loadedProp), save(&prop));
+    // A page number printed as "2/3" comes back as "2/3", not as a fresh "1/1".
+    ReportPropItem page(&profile, "page");
+    page.setPlainText(QStringLiteral("2/3"));
+    ReportPropItem loadedPage(&profile);
+    QVERIFY(reload(save(&page), &loadedPage));
+    QCOMPARE(loadedPage.toPlainText(), QStringLiteral("2/3"));
 
     ReportProfileItem hospital(&profile, "hospital");
     ReportProfileItem loadedHospital(&profile);

@@ -169,11 +169,13 @@ void TestGridTable::payloadBytes()
     QByteArray saved;
     {
         QDataStream out(&saved, QIODevice::WriteOnly);
+        out.setVersion(QDataStream::Qt_4_6); // the template file's stream version, 12
         table.save(out);
     }
 
     QByteArray expected;
     QDataStream e(&expected, QIODevice::WriteOnly);
+    e.setVersion(QDataStream::Qt_4_6);
     e << qint8(1) << qint32(3) << qint32(2) << 6.0 << 20.0 << QSizeF(300, 80);
     e << qint32(4); // every stored row, also the one beyond the row count
     e << qint32(2) << QStringLiteral("代码") << QStringLiteral("结果");
@@ -293,6 +295,14 @@ void TestGridTable::paintsCellTexts()
     // Outside the counts nothing is painted.
     QCOMPARE(darkPixels(image, QRect(0, 80, 320, 50)), 0);
     QCOMPARE(darkPixels(image, QRect(240, 0, 80, 130)), 0);
+
+    // A line break does not break the cell: the text stays on one centred line.
+    table.setItemText(0, 0, QStringLiteral("MM\nMM"));
+    table.setRowCount(1);
+    const QImage broken = render(table);
+    QCOMPARE(darkPixels(broken, QRect(0, 0, 120, 10)), 0);
+    QCOMPARE(darkPixels(broken, QRect(0, 30, 120, 10)), 0);
+    QVERIFY(darkPixels(broken, QRect(38, 14, 24, 12)) > 20); // the second half beside the first
 }
 
 void TestGridTable::selectionOutline()
@@ -310,6 +320,16 @@ void TestGridTable::selectionOutline()
     QCOMPARE(darkPixels(image, QRect(1, 1, 199, 59)), 0);  // not filled
     QCOMPARE(darkPixels(image, QRect(202, 0, 118, 120)), 0);
     QCOMPARE(darkPixels(image, QRect(0, 62, 320, 58)), 0);
+
+    // Cells larger than the size: the outline still follows the size, not the bounding rectangle.
+    table.setRowCount(4);
+    table.setSize(QSizeF(30, 20));
+    QCOMPARE(table.boundingRect(), QRectF(0, 0, 50, 96));
+    const QImage small = render(table, QStyle::State_Selected);
+    QVERIFY(darkPixels(small, QRect(30, 0, 1, 21)) > 5);
+    QVERIFY(darkPixels(small, QRect(0, 20, 31, 1)) > 10);
+    QCOMPARE(darkPixels(small, QRect(32, 0, 288, 120)), 0);
+    QCOMPARE(darkPixels(small, QRect(0, 22, 320, 98)), 0);
 }
 
 namespace {

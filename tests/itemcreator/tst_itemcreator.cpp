@@ -6,6 +6,7 @@
 #include <reportitemcreator.h>
 
 #include <QGraphicsSceneMouseEvent>
+#include <QMetaMethod>
 #include <QSignalSpy>
 #include <QtTest>
 #include <QUndoStack>
@@ -112,6 +113,8 @@ private Q_SLOTS:
     void pickMachines();
     void dragCreatesOneItem();
     void clickCommitsZeroSizeItem();
+    void refusedPickIsDropped();
+    void metaObjectInterface();
     void otherButtonsPassThrough();
     void snapping_data();
     void snapping();
@@ -227,6 +230,53 @@ void TestItemCreator::clickCommitsZeroSizeItem()
     QVERIFY(item);
     QCOMPARE(item->rect(), QRectF(70, 70, 0, 0));
     QCOMPARE(report.undoStack()->count(), 1);
+}
+
+// A tool that keeps only picks of some size.
+class SizedRectCreator : public TestCreator<ReportRectItem>
+{
+protected:
+    bool accept(const QPolygonF& selection) const override
+    {
+        return selection.boundingRect().width() >= 20 && selection.boundingRect().height() >= 20;
+    }
+};
+
+void TestItemCreator::refusedPickIsDropped()
+{
+    Report report(nullptr, nullptr);
+    report.setDesignMode(true);
+    test::ViewDriver driver(&report);
+    SizedRectCreator creator;
+    QSignalSpy finished(&creator, &ReportItemCreator::finished);
+    creator.enter(&driver.view);
+
+    driver.drag({50, 50}, {61, 90}); // 10 wide after snapping: refused
+    QVERIFY(report.reportItems().isEmpty());
+    QCOMPARE(report.undoStack()->count(), 0);
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(finished.at(0).at(0).value<ReportItem*>(), nullptr);
+
+    driver.drag({50, 50}, {81, 90});
+    QVERIFY(onlyRect(report));
+    QCOMPARE(report.undoStack()->count(), 1);
+}
+
+// The host connects to the tool by name: signals first, then the public slots, in this order.
+void TestItemCreator::metaObjectInterface()
+{
+    const QMetaObject& meta = ReportItemCreator::staticMetaObject;
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod m = meta.method(i);
+        methods << QString::fromLatin1(m.methodSignature()) + (m.methodType() == QMetaMethod::Signal
+                                                                   ? QStringLiteral(" signal")
+                                                                   : QStringLiteral(" slot"));
+    }
+    QCOMPARE(methods, QStringList({"created(coagulation::ReportItem*) signal",
+                                   "finished(coagulation::ReportItem*) signal", "enter(QGraphicsView*) slot",
+                                   "leave() slot", "prepare(coagulation::ReportItem*) slot", "accept() slot",
+                                   "reject() slot", "finish() slot"}));
 }
 
 void TestItemCreator::otherButtonsPassThrough()
@@ -393,12 +443,18 @@ void TestItemCreator::prepareAcceptReject()
     QCOMPARE(finished.count(), 1);
     QCOMPARE(finished.at(0).at(0).value<ReportItem*>(), nullptr);
 
+    auto* existing = new ReportRectItem;
+    report.addItem(existing);
+    existing->setSelected(true);
     auto* first = new ReportRectItem;
     first->setKey(QStringLiteral("old"));
     creator.prepare(first);
     QCOMPARE(first->key(), QString()); // a tool without keys gives an empty key
     QCOMPARE(created.count(), 1);
     QCOMPARE(first->scene(), &report);
+    // The new item becomes the only selection.
+    QCOMPARE(report.selectedItems(), QList<QGraphicsItem*>{first});
+    delete existing;
 
     auto* second = new ReportRectItem;
     creator.prepare(second); // drops the first

@@ -3,6 +3,7 @@
 #include <drawingitems.h>
 #include <report.h>
 
+#include <QMetaMethod>
 #include <QPrinter>
 #include <QTest>
 #include <QUndoStack>
@@ -16,11 +17,13 @@ private Q_SLOTS:
     void sceneRect_data();
     void sceneRect();
     void customPageSize();
+    void resolutionPerAxis();
     void snapGrid_data();
     void snapGrid();
     void snapAngle_data();
     void snapAngle();
     void typeName();
+    void metaObjectInterface();
     void setupPrinter();
     void moveIsSnappedAndRecordedOnce();
     void replayRecordsNothing();
@@ -73,6 +76,31 @@ void tst_Report::customPageSize()
     report.setPageSize(QPageSize::A5);
     QCOMPARE(report.pageSizeF(), QSizeF(148, 210));
     QCOMPARE(report.pageSize(), QPageSize::A5);
+}
+
+// Each axis has its own resolution; only a loaded template changes them.
+void tst_Report::resolutionPerAxis()
+{
+    Report source(nullptr, nullptr);
+    source.setType(kv::PatientReport);
+    source.setOrientation(QPageLayout::Landscape);
+    QByteArray bytes;
+    {
+        QDataStream out(&bytes, QIODevice::WriteOnly);
+        QVERIFY(source.save(out));
+    }
+    {
+        QDataStream patch(&bytes, QIODevice::ReadWrite);
+        patch.device()->seek(5); // after the type tag and the format version
+        patch << qint32(150) << qint32(300);
+    }
+    Report report(nullptr, nullptr);
+    QDataStream in(bytes);
+    QVERIFY2(report.load(in), qPrintable(report.errorString()));
+    QCOMPARE(report.dpiX(), 150);
+    QCOMPARE(report.dpiY(), 300);
+    QCOMPARE(report.pageSizeF(), QSizeF(210, 297));
+    QCOMPARE(report.sceneRect(), QRectF(0, 0, 297 * 150 / 25.4, 210 * 300 / 25.4));
 }
 
 void tst_Report::snapGrid_data()
@@ -140,6 +168,20 @@ void tst_Report::typeName()
     QCOMPARE(Report::typeName(kv::MaintenanceRecordReport), QStringLiteral("维护记录报告单"));
     QCOMPARE(Report::typeName(kv::NoReport), QString());
     QCOMPARE(Report::typeName(kv::ReportType(7)), QString());
+}
+
+void tst_Report::metaObjectInterface()
+{
+    const QMetaObject& meta = Report::staticMetaObject;
+    QCOMPARE(meta.className(), "coagulation::Report");
+    QStringList methods;
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        const QMetaMethod m = meta.method(i);
+        QCOMPARE(m.methodType(), QMetaMethod::Slot);
+        methods << QString::fromLatin1(m.methodSignature()) +
+                       (m.access() == QMetaMethod::Private ? QStringLiteral(" private") : QString());
+    }
+    QCOMPARE(methods, QStringList({"undo()", "redo()", "onSelectionChanged() private"}));
 }
 
 void tst_Report::setupPrinter()

@@ -199,7 +199,13 @@ void TestTrackers::trackerFollowsSelection()
     QVERIFY(tableTracker);
     QCOMPARE(tableTracker->firstLineHandle(), 8);
     QCOMPARE(tableTracker->handles().size(), 11); // 8 + row line + 2 column borders
-    QVERIFY(dynamic_cast<GraphicsDiamondItem*>(d.handle(9)->graphicsItem()));
+    auto* diamond = dynamic_cast<GraphicsDiamondItem*>(d.handle(9)->graphicsItem());
+    QVERIFY(diamond);
+    QCOMPARE(diamond->boundingRect(), QRectF(-3.5, -3.5, 7, 7));
+    // A diamond through the edge midpoints: the tips are in, the corners out.
+    QCOMPARE(diamond->shape().toFillPolygon(),
+             QPolygonF({{-3.5, 0}, {0, -3.5}, {3.5, 0}, {0, 3.5}, {-3.5, 0}}));
+    QCOMPARE(diamond->brush(), QBrush(Qt::yellow, Qt::SolidPattern));
     QCOMPARE(d.handle(8)->graphicsItem()->cursor().shape(), Qt::SizeVerCursor);
     QCOMPARE(d.handle(10)->graphicsItem()->cursor().shape(), Qt::SizeHorCursor);
     QCOMPARE(d.handlePos(8), QPointF(100, 424));
@@ -321,6 +327,14 @@ void TestTrackers::otherButtonsStartNoDrag()
     }
     QCOMPARE(rect->rect(), QRectF(50, 50, 100, 50));
     QCOMPARE(d.steps(), 0);
+
+    // No command was started either: a later left drag records the shape it starts from.
+    rect->setGeometry({QPointF(50, 50), QPointF(170, 120)});
+    QCOMPARE(d.handlePos(4), QPointF(170, 120)); // the handles follow the new shape
+    d.driver.drag(d.handlePos(4), {200, 200});
+    QCOMPARE(d.steps(), 1);
+    d.report.undo();
+    QCOMPARE(rect->rect(), QRectF(50, 50, 120, 70));
 }
 
 void TestTrackers::lineEnds_data()
@@ -372,6 +386,11 @@ void TestTrackers::textWidthHandles()
     const QRectF bounds = text->boundingRect();
     QVERIFY(!d.handle(2)->graphicsItem()->isVisible()); // automatic width
     QCOMPARE(d.handlePos(1), QPointF(100 + bounds.right(), 100 + bounds.center().y()));
+    // A longer text widens the item, and the handles go with it.
+    text->setPlainText(QStringLiteral("Hello report, longer"));
+    QVERIFY(text->boundingRect().width() > bounds.width());
+    QCOMPARE(d.handlePos(1).x(), 100 + text->boundingRect().right());
+    text->setPlainText(QStringLiteral("Hello report"));
 
     // The right handle fixes the width and shows the auto-size handle.
     const QPointF right = d.handlePos(1);
@@ -522,6 +541,20 @@ void TestTrackers::imageScaledByTransform()
     QCOMPARE(d.steps(), 2);
     d.report.undo();
     QCOMPARE(image->transform().m22(), 1.0);
+
+    // The left edge moves the origin: the transform is translated, then scaled.
+    auto* other = d.add(new ReportImageItem, QPointF(300, 100));
+    other->setPixmap(filledPixmap(50, 40));
+    d.select(other);
+    const QPointF left = d.handlePos(7);
+    d.driver.drag(left, left + QPointF(25, 0), Qt::AltModifier);
+    QCOMPARE(other->transform().m11(), (bounds.width() - 25) / bounds.width());
+    QCOMPARE(other->transform().dx(), 25.0);
+    QCOMPARE(other->transform().m22(), 1.0);
+    QCOMPARE(other->transform().dy(), 0.0);
+    QCOMPARE(other->pos(), QPointF(300, 100));
+    d.report.undo();
+    QVERIFY(other->transform().isIdentity());
 }
 
 void TestTrackers::degenerateShapesStayFinite()
