@@ -11,7 +11,7 @@ build: deps
 	cmake --build --preset default
 
 demo: build
-	build/default/bin/report-demo out/demo
+	scripts/demo.sh build/default/bin out/demo
 
 test: build
 	ctest --preset default

@@ -1,0 +1,63 @@
+// coagulation-print: prints patient, QC and maintenance reports through the report plug-in.
+#include "printtool.h"
+#include "toolarguments.h"
+
+#include <core/information.h>
+
+#include <QApplication>
+#include <QLocale>
+
+#include <cstdio>
+
+using namespace coagulation;
+
+namespace {
+
+QtMessageHandler defaultHandler = nullptr;
+
+// The offscreen platform reports window features it lacks; a tool that shows no window does
+// not need to hear about them.
+void offscreenHandler(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (message.contains(QLatin1String("does not support propagateSizeHints")) ||
+        message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")))
+        return;
+    defaultHandler(type, context, message);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    ToolArguments parsed;
+    if (!parsed.parse(arguments)) {
+        std::fprintf(stderr, "coagulation-print: %s\nTry 'coagulation-print --help'.\n",
+                     parsed.errorString().toLocal8Bit().constData());
+        return PrintTool::UsageError;
+    }
+
+    const bool showsWindows =
+        parsed.destination == ToolArguments::PrintDialog || parsed.destination == ToolArguments::Preview;
+    if (!showsWindows) {
+        // Nobody is there to answer a message box: the module's messages go to stderr.
+        qputenv("COAGULATION_NONINTERACTIVE", "1");
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY") &&
+            qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    if (qgetenv("QT_QPA_PLATFORM") == "offscreen")
+        defaultHandler = qInstallMessageHandler(offscreenHandler);
+    QApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("coagulation-print"));
+    // The laboratory's reports show dates and times the Chinese way.
+    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+
+    if (showsWindows && !InformationLog::isInteractive()) {
+        std::fprintf(stderr, "coagulation-print: --dialog and --preview need a display\n");
+        return PrintTool::Failure;
+    }
+    return PrintTool().run(parsed);
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDate>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace coagulation {
+
+// The command line of the print tool, checked: every field is valid once parse() succeeds.
+class ToolArguments
+{
+public:
+    enum Command { NoCommand, Patients, Samples, Qc, Maintenance, Templates, Demo, Help };
+    enum Destination { Printer, PdfFile, PrintDialog, Preview };
+
+    // False with errorString() set for anything the tool cannot act on.
+    bool parse(const QStringList& arguments);
+    QString errorString() const { return m_errorString; }
+    static QString helpText();
+
+    Command command = NoCommand;
+    Destination destination = Printer;
+    QString profileFile;
+    QString templateDirectory; // empty: the profile's
+    QString templateName;      // empty: the remembered one
+    QString outputFile;
+    QList<qint64> ids; // patients or reagents
+    QStringList sampleNumbers;
+    QDate from; // QC range, open when invalid
+    QDate to;
+    QDate month;            // maintenance, first day of the month
+    qint64 workbenchId = 0; // 0: the first workbench
+    QString demoFolder;
+    int demoPatients = 200;
+    QString templateSource; // demo: where the default templates are copied from
+
+private:
+    bool fail(const QString& message);
+    bool parseIds(const QStringList& values, const QString& what);
+    bool parseDate(const QString& text, const QString& option, QDate* date);
+
+    QString m_errorString;
+};
+
+} // namespace coagulation

@@ -1,0 +1,289 @@
+#include <core/profile.h>
+#include <defaulttemplates.h>
+#include <itemfactory.h>
+#include <report.h>
+#include <reportitem.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace coagulation;
+
+namespace {
+
+struct Run
+{
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+Run runTool(const QStringList& arguments)
+{
+    QProcess process;
+    process.setProgram(QCoreApplication::applicationDirPath() + QStringLiteral("/coagulation-print"));
+    process.setArguments(arguments);
+    process.start();
+    Run run;
+    if (!process.waitForFinished(240000)) {
+        process.kill();
+        process.waitForFinished();
+        run.err = QStringLiteral("timed out");
+        return run;
+    }
+    run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    run.out = QString::fromLocal8Bit(process.readAllStandardOutput());
+    run.err = QString::fromLocal8Bit(process.readAllStandardError());
+    return run;
+}
+
+// Pages of a PDF written by Qt: one "/Type /Page" object per page.
+int pdfPageCount(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return -1;
+    const QString text = QString::fromLatin1(file.readAll());
+    static const QRegularExpression page(QStringLiteral("/Type\\s*/Page(?![a-zA-Z])"));
+    return int(text.count(page));
+}
+
+} // namespace
+
+class TestPrintTool : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void demoWorkspaceRemembersTheTemplates();
+    void patientReportsGivePagePerPatient();
+    void samplesArePrintedBySampleNumber();
+    void qcReportPagesFollowTheResultTable();
+    void maintenanceReportIsOnePage();
+    void templatesAreListed();
+    void badArgumentsAreRefused_data();
+    void badArgumentsAreRefused();
+    void missingDataFailsClearly_data();
+    void missingDataFailsClearly();
+    void helpDescribesTheCommands();
+
+private:
+    QString path(const QString& name) const { return m_dir.filePath(name); }
+    QString profile() const { return path(QStringLiteral("demo/profile.ini")); }
+
+    QTemporaryDir m_dir;
+};
+
+void TestPrintTool::initTestCase()
+{
+    QVERIFY(m_dir.isValid());
+    const Run run = runTool({QStringLiteral("demo"), path(QStringLiteral("demo")),
+                             QStringLiteral("--patients"), QStringLiteral("40")});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    QVERIFY2(run.out.contains(QDir::toNativeSeparators(profile())), qPrintable(run.out));
+}
+
+void TestPrintTool::demoWorkspaceRemembersTheTemplates()
+{
+    Profile workspace(profile());
+    for (const DefaultTemplate& entry : DefaultTemplates::all()) {
+        QCOMPARE(workspace.value(entry.settingKey).toString(), entry.name);
+        QVERIFY(QFile::exists(path(QStringLiteral("demo/templates/%1.rpt").arg(entry.name))));
+    }
+    QSqlQuery query(workspace.dataDatabase());
+    QVERIFY(query.exec(QStringLiteral("select count(*) from patient")));
+    QVERIFY(query.next());
+    QCOMPARE(query.value(0).toInt(), 40);
+}
+
+void TestPrintTool::patientReportsGivePagePerPatient()
+{
+    const QString pdf = path(QStringLiteral("out/patients.pdf"));
+    const Run run =
+        runTool({QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("4"),
+                 QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    QVERIFY(run.out.contains(QDir::toNativeSeparators(pdf)));
+    QCOMPARE(pdfPageCount(pdf), 3);
+
+    Profile workspace(profile());
+    QSqlQuery query(workspace.dataDatabase());
+    QVERIFY(query.exec(QStringLiteral("select id from patient where printTime is not null order by id")));
+    QList<qint64> printed;
+    while (query.next())
+        printed.append(query.value(0).toLongLong());
+    QCOMPARE(printed, (QList<qint64>{1, 2, 4}));
+}
+
+void TestPrintTool::samplesArePrintedBySampleNumber()
+{
+    QString sampleNo;
+    {
+        Profile workspace(profile());
+        QSqlQuery query(workspace.dataDatabase());
+        QVERIFY(query.exec(QStringLiteral("select sampleNo from patient where id = 7")));
+        QVERIFY(query.next());
+        sampleNo = query.value(0).toString();
+    }
+    const QString pdf = path(QStringLiteral("out/sample.pdf"));
+    const Run run = runTool(
+        {QStringLiteral("samples"), sampleNo, QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    QCOMPARE(pdfPageCount(pdf), 1);
+}
+
+void TestPrintTool::qcReportPagesFollowTheResultTable()
+{
+    // Points per page as the QC template's result table holds them.
+    Profile workspace(profile());
+    ItemFactory factory(&workspace);
+    Report report(&workspace, &factory);
+    QVERIFY(report.load(path(QStringLiteral("demo/templates/室内质控报告.rpt"))));
+    int perPage = 0;
+    for (ReportItem* item : report.reportItems()) {
+        if (auto* table = dynamic_cast<ReportQcTableItem*>(item))
+            perPage = table->rowsPerBlock() * table->columns();
+    }
+    QVERIFY(perPage > 0);
+    QSqlQuery query(workspace.qcDatabase());
+    QVERIFY(query.exec(QStringLiteral("select reagentId, count(*) from qcResult group by reagentId "
+                                      "order by reagentId limit 2")));
+    int expected = 0;
+    QStringList reagents;
+    while (query.next()) {
+        reagents.append(query.value(0).toString());
+        expected += qMax(1, (query.value(1).toInt() + perPage - 1) / perPage);
+    }
+    QCOMPARE(reagents.size(), 2);
+
+    const QString pdf = path(QStringLiteral("out/qc.pdf"));
+    const Run run = runTool(QStringList{QStringLiteral("qc")} + reagents +
+                            QStringList{QStringLiteral("-p"), profile(), QStringLiteral("--output"), pdf});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    QCOMPARE(pdfPageCount(pdf), expected);
+}
+
+void TestPrintTool::maintenanceReportIsOnePage()
+{
+    const QString pdf = path(QStringLiteral("out/maintenance.pdf"));
+    const Run run =
+        runTool({QStringLiteral("maintenance"), QStringLiteral("--month"), QStringLiteral("2024-06"),
+                 QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    QCOMPARE(pdfPageCount(pdf), 1);
+}
+
+void TestPrintTool::templatesAreListed()
+{
+    const Run run = runTool({QStringLiteral("templates"), QStringLiteral("-p"), profile()});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    for (const DefaultTemplate& entry : DefaultTemplates::all()) {
+        QVERIFY2(run.out.contains(entry.name), qPrintable(run.out));
+        QVERIFY2(run.out.contains(entry.settingKey), qPrintable(run.out));
+    }
+}
+
+void TestPrintTool::badArgumentsAreRefused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("message");
+    const QString p = QStringLiteral("--profile=") + QStringLiteral("x.ini");
+    QTest::newRow("no command") << QStringList() << QStringLiteral("No command given");
+    QTest::newRow("unknown command") << QStringList{QStringLiteral("print")}
+                                     << QStringLiteral("Unknown command 'print'");
+    QTest::newRow("unknown option") << QStringList{QStringLiteral("patients"), QStringLiteral("--colour")}
+                                    << QStringLiteral("Unknown option 'colour'");
+    QTest::newRow("no ids") << QStringList{QStringLiteral("patients"), p}
+                            << QStringLiteral("Give at least one patient id");
+    QTest::newRow("not an id") << QStringList{QStringLiteral("patients"), QStringLiteral("12a"), p}
+                               << QStringLiteral("'12a' is not a patient id");
+    QTest::newRow("no profile") << QStringList{QStringLiteral("patients"), QStringLiteral("1")}
+                                << QStringLiteral("needs a profile");
+    QTest::newRow("two destinations") << QStringList{QStringLiteral("qc"), p, QStringLiteral("-o"),
+                                                     QStringLiteral("a.pdf"), QStringLiteral("--preview")}
+                                      << QStringLiteral("Give only one of --output, --dialog and --preview");
+    QTest::newRow("bad month") << QStringList{QStringLiteral("maintenance"), p, QStringLiteral("--month"),
+                                              QStringLiteral("2024-13")}
+                               << QStringLiteral("--month '2024-13' is not a month");
+    QTest::newRow("no month") << QStringList{QStringLiteral("maintenance"), p}
+                              << QStringLiteral("needs --month");
+    QTest::newRow("reversed range") << QStringList{QStringLiteral("qc"),     p,
+                                                   QStringLiteral("--from"), QStringLiteral("2024-06-30"),
+                                                   QStringLiteral("--to"),   QStringLiteral("2024-06-01")}
+                                    << QStringLiteral("--from 2024-06-30 lies after --to 2024-06-01");
+    QTest::newRow("option of another command")
+        << QStringList{QStringLiteral("patients"), QStringLiteral("1"), p, QStringLiteral("--month"),
+                       QStringLiteral("2024-06")}
+        << QStringLiteral("--month does not apply to the command 'patients'");
+    QTest::newRow("demo without folder")
+        << QStringList{QStringLiteral("demo")} << QStringLiteral("needs exactly one folder");
+}
+
+void TestPrintTool::badArgumentsAreRefused()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, message);
+    const Run run = runTool(arguments);
+    QCOMPARE(run.exitCode, 2);
+    QVERIFY2(run.err.contains(message), qPrintable(run.err));
+    QVERIFY2(run.err.contains(QStringLiteral("--help")), qPrintable(run.err));
+}
+
+void TestPrintTool::missingDataFailsClearly_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("message");
+    const QStringList pdf = {QStringLiteral("-o"), path(QStringLiteral("out/never.pdf"))};
+    QTest::newRow("unknown patient") << QStringList{QStringLiteral("patients"), QStringLiteral("99999")} + pdf
+                                     << QStringLiteral("No patient with id 99999");
+    QTest::newRow("unknown sample") << QStringList{QStringLiteral("samples"), QStringLiteral("X-1")} + pdf
+                                    << QStringLiteral("No sample with the number 'X-1'");
+    QTest::newRow("unknown reagent") << QStringList{QStringLiteral("qc"), QStringLiteral("999")} + pdf
+                                     << QStringLiteral("No reagent with id 999");
+    QTest::newRow("unknown workbench")
+        << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"), QStringLiteral("2024-06"),
+                       QStringLiteral("--workbench"), QStringLiteral("9")} +
+               pdf
+        << QStringLiteral("No workbench with id 9");
+    QTest::newRow("unknown template")
+        << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--template"),
+                       QStringLiteral("无此模板")} +
+               pdf
+        << QStringLiteral("No template '无此模板' for patient result reports");
+    QTest::newRow("preview without display")
+        << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--preview")}
+        << QStringLiteral("--dialog and --preview need a display");
+}
+
+void TestPrintTool::missingDataFailsClearly()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, message);
+    const Run run = runTool(arguments + QStringList{QStringLiteral("-p"), profile()});
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.err.contains(message), qPrintable(run.err));
+    QVERIFY(!QFile::exists(path(QStringLiteral("out/never.pdf"))));
+
+    const Run missing = runTool({QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("-p"),
+                                 path(QStringLiteral("nowhere/profile.ini"))});
+    QCOMPARE(missing.exitCode, 1);
+    QVERIFY2(missing.err.contains(QStringLiteral("does not exist")), qPrintable(missing.err));
+    QVERIFY(!QFile::exists(path(QStringLiteral("nowhere/profile.ini"))));
+}
+
+void TestPrintTool::helpDescribesTheCommands()
+{
+    const Run run = runTool({QStringLiteral("--help")});
+    QCOMPARE(run.exitCode, 0);
+    for (const char* word : {"patients", "samples", "qc", "maintenance", "templates", "demo", "--output",
+                             "--preview", "--dialog", "--month", "--profile"})
+        QVERIFY2(run.out.contains(QLatin1String(word)), word);
+}
+
+QTEST_MAIN(TestPrintTool)
+#include "tst_printtool.moc"
