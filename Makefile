@@ -28,5 +28,11 @@ package: deps
 	cpack --preset package
 	@ls -1 $(CURDIR)/build/package/*.deb
 
+# Release build of the benchmarks, then one table of measured ratios (a few minutes).
+bench: deps
+	cmake --preset release
+	cmake --build --preset release --target coagulation-bench
+	build/release/bin/coagulation-bench
+
 clean:
 	rm -rf build out

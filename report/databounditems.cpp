@@ -79,7 +79,7 @@ void ReportFieldItem::updateData()
     if (!r)
         return;
     const QVariant value = r->record(m_table).value(m_field);
-    setPlainText(formatValue(value, r->fieldType(m_table, m_field)));
+    showData(formatValue(value, r->fieldType(m_table, m_field)));
 }
 
 void ReportFieldItem::save(QDataStream& out)
@@ -134,7 +134,7 @@ QString ReportPropItem::text() const
 
 void ReportPropItem::updateData()
 {
-    setPlainText(text());
+    showData(text());
 }
 
 void ReportPropItem::save(QDataStream& out)
@@ -173,7 +173,7 @@ void ReportProfileItem::setDesignerText()
 
 void ReportProfileItem::updateData()
 {
-    setPlainText(m_profile ? m_profile->value(m_propName).toString() : QString());
+    showData(m_profile ? m_profile->value(m_propName).toString() : QString());
 }
 
 void ReportProfileItem::save(QDataStream& out)

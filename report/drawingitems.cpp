@@ -60,6 +60,12 @@ void ReportTextItem::setPlainText(const QString& text)
     setAlignment(alignment());
 }
 
+void ReportTextItem::showData(const QString& text)
+{
+    if (text != toPlainText())
+        setPlainText(text);
+}
+
 QFont ReportTextItem::font() const
 {
     return QGraphicsTextItem::font();

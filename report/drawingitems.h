@@ -35,6 +35,10 @@ public:
     void load(QDataStream& in) override;
 
 protected:
+    // For bound data: text already shown is left alone, which spares laying the document out
+    // again for every printed page.
+    void showData(const QString& text);
+
     void updateGeometry(const QPolygonF& polygon) override;
     void mouseDoubleClickEvent(QGraphicsSceneMouseEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

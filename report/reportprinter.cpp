@@ -257,6 +257,10 @@ void ReportPrinter::printResult(QPrinter* printer)
     QSqlQuery select(m_job.database);
     if (!select.prepare(QStringLiteral("select sampleNo from patient where id=:id")))
         REPORT_SQL_WARNING(select.lastError());
+    // The print times of a job go in one transaction: committed one by one, each would cost the
+    // database a journal file and a sync to disk, more than rendering the page. A caller's own
+    // open transaction makes this fail, and then the times go into the caller's.
+    const bool ownTransaction = m_job.database.transaction();
 
     Profile* profile = m_workspace->profile();
     for (int i = 0; i < m_job.patientIds.size(); ++i) {
@@ -291,6 +295,8 @@ void ReportPrinter::printResult(QPrinter* printer)
         if (i != m_job.patientIds.size() - 1)
             printer->newPage();
     }
+    if (ownTransaction && !m_job.database.commit())
+        REPORT_SQL_WARNING(m_job.database.lastError());
     painter.end();
 }
 

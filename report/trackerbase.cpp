@@ -7,7 +7,12 @@
 
 namespace coagulation {
 
-Tracker::Tracker(ReportItem* item) : QGraphicsItem(nullptr), item(item) {}
+Tracker::Tracker(ReportItem* item) : QGraphicsItem(nullptr), item(item)
+{
+    // Only the handles draw. Without this flag the scene repaints the tracker's empty rectangle at
+    // the origin whenever it comes or goes, and one repaint then spans from the origin to the item.
+    setFlag(QGraphicsItem::ItemHasNoContents);
+}
 
 Tracker::~Tracker()
 {

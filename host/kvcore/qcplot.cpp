@@ -216,6 +216,12 @@ QList<int> QcPlot::visiblePoints() const
     selectedRange(m_data, &first, &last);
     const double lower = qMin(m_xScale.lowerBound(), m_xScale.upperBound());
     const double upper = qMax(m_xScale.lowerBound(), m_xScale.upperBound());
+    // On an index axis the scale names the indexes: a page of a long series looks at its own
+    // points only, not at the whole series again for every page.
+    if (m_indexScale && std::isfinite(lower) && std::isfinite(upper)) {
+        first = int(std::ceil(qBound(double(first), lower, double(last) + 1.0)));
+        last = int(std::floor(qBound(double(first) - 1.0, upper, double(last))));
+    }
     for (int i = first; i <= last; ++i) {
         const QcPoint& point = m_data->points.at(i);
         const double x = m_indexScale ? double(i) : point.time;

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "benchconfig.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QStringList>
+
+#include <string>
+
+namespace coagulation::bench {
+
+class BenchWorkspace;
+
+// Names under which the benchmarks report; the result table looks them up.
+namespace name {
+inline std::string patients(const char* side, int count) // side: "ours" or "floor"
+{
+    return "patients/" + std::string(side) + '/' + std::to_string(count);
+}
+inline std::string peakMemory(int count)
+{
+    return "memory/" + std::to_string(count);
+}
+inline std::string qc(const char* side)
+{
+    return "qc/" + std::string(side);
+}
+inline std::string templateFile(const char* what, int items) // what: "load" or "save"
+{
+    return "template/" + std::string(what) + '/' + std::to_string(items);
+}
+inline std::string drag(const char* side, int items) // side: "ours" or "qt"
+{
+    return "drag/" + std::string(side) + '/' + std::to_string(items);
+}
+} // namespace name
+
+// Counters the benchmarks set, per iteration.
+namespace counter {
+inline const char* const pages = "pages";
+inline const char* const items = "items";
+inline const char* const peakRssKiB = "peak_rss_kib";
+} // namespace counter
+
+void registerDragBenchmarks(const BenchConfig& config);
+void registerTemplateBenchmarks(const BenchConfig& config, BenchWorkspace* workspace);
+void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspace);
+
+// The child process of the memory measurement: prints the first COUNT patients of the profile's
+// database to PDF. Arguments: PROFILE COUNT PDF. Returns the exit code.
+int runPrintChild(const QStringList& arguments);
+
+} // namespace coagulation::bench

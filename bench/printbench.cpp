@@ -1,0 +1,197 @@
+// Printing patients and a long QC series to PDF through the printer, each beside the floor: the
+// same pages rendered by QGraphicsScene::render of an already filled scene into the same kind of
+// PDF, without SQL and data binding. Also the peak memory of a large against a small job.
+#include "benchmarks.h"
+#include "benchworkspace.h"
+#include "peakmemory.h"
+
+#include <core/profile.h>
+#include <kvcore/qcseries.h>
+#include <kvcore/workspace.h>
+#include <report.h>
+#include <reportprinter.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QPainter>
+#include <QPrinter>
+
+#include <cstdio>
+#include <memory>
+
+namespace coagulation::bench {
+namespace {
+
+const QString patientTemplateKey = QStringLiteral("report/template");
+const QString qcTemplateKey = QStringLiteral("report/qctemplate");
+
+// The floor: `pages` copies of the report's scene as it is, into a new PDF.
+bool renderPages(Report* report, int pages, const QString& fileName)
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(fileName);
+    report->setupPrinter(&printer);
+    QPainter painter;
+    if (!painter.begin(&printer))
+        return false;
+    for (int page = 0; page < pages; ++page) {
+        if (page > 0)
+            printer.newPage();
+        report->render(&painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
+    }
+    return painter.end();
+}
+
+void printPatients(benchmark::State& state, BenchWorkspace* workspace, int count)
+{
+    const QList<qint64> ids = workspace->patientIds(count);
+    if (ids.size() < count) {
+        state.SkipWithError("the workspace holds too few patients");
+        return;
+    }
+    ReportPrinter printer;
+    printer.setWorkspace(workspace->workspace());
+    printer.setOutputFileName(workspace->scratchFile(QStringLiteral("patients.pdf")));
+    for (auto _ : state) {
+        if (!printer.store(ids, workspace->profile()->dataDatabase(), DataStorage::StoreAtOnce))
+            state.SkipWithError("the printer refused the job");
+    }
+    state.counters[counter::pages] = count;
+}
+
+void patientFloor(benchmark::State& state, BenchWorkspace* workspace, int count)
+{
+    const QList<qint64> ids = workspace->patientIds(1);
+    Report report(workspace->profile(), workspace->itemFactory());
+    if (ids.isEmpty() || !report.load(workspace->templateFile(patientTemplateKey))) {
+        state.SkipWithError("the patient template does not load");
+        return;
+    }
+    report.fetchData(int(ids.constFirst()), workspace->profile()->dataDatabase());
+    const QString fileName = workspace->scratchFile(QStringLiteral("patients-floor.pdf"));
+    for (auto _ : state) {
+        if (!renderPages(&report, count, fileName))
+            state.SkipWithError("cannot write the PDF");
+    }
+    state.counters[counter::pages] = count;
+}
+
+void peakMemory(benchmark::State& state, BenchWorkspace* workspace, int count)
+{
+    QString error;
+    long kib = -1;
+    for (auto _ : state) {
+        kib = PeakMemory::ofProgram(QCoreApplication::applicationFilePath(),
+                                    {QStringLiteral("--print-child"), workspace->profileFileName(),
+                                     QString::number(count),
+                                     workspace->scratchFile(QStringLiteral("memory.pdf"))},
+                                    &error);
+    }
+    if (kib < 0)
+        state.SkipWithError(error.toUtf8().constData());
+    else
+        state.counters[counter::peakRssKiB] = double(kib);
+}
+
+// Loads the QC template into the report and makes the series; returns the pages the series needs,
+// as the printer's page loop counts them, or 0 after telling the benchmark why it cannot run.
+int prepareQc(benchmark::State& state, BenchWorkspace* workspace, int points, Report* report,
+              std::unique_ptr<QcSeries>* series)
+{
+    QString error;
+    *series = workspace->qcSeries(points, &error);
+    if (!*series || !report->load(workspace->templateFile(qcTemplateKey))) {
+        state.SkipWithError(*series ? "the QC template does not load" : error.toUtf8().constData());
+        return 0;
+    }
+    report->prepareQcData((*series)->data());
+    return report->pageCount();
+}
+
+void printQc(benchmark::State& state, BenchWorkspace* workspace, int points)
+{
+    Report report(workspace->profile(), workspace->itemFactory());
+    std::unique_ptr<QcSeries> series;
+    const int pages = prepareQc(state, workspace, points, &report, &series);
+    if (pages == 0)
+        return;
+    ReportPrinter printer;
+    printer.setWorkspace(workspace->workspace());
+    printer.setOutputFileName(workspace->scratchFile(QStringLiteral("qc.pdf")));
+    for (auto _ : state) {
+        if (!printer.store(QList<QcExportData*>{series->data()}, DataStorage::StoreAtOnce))
+            state.SkipWithError("the printer refused the job");
+    }
+    state.counters[counter::pages] = pages;
+}
+
+void qcFloor(benchmark::State& state, BenchWorkspace* workspace, int points)
+{
+    Report report(workspace->profile(), workspace->itemFactory());
+    std::unique_ptr<QcSeries> series;
+    const int pages = prepareQc(state, workspace, points, &report, &series);
+    if (pages == 0)
+        return;
+    report.setCurrentPage(1);
+    report.fetchQcData(series->data());
+    const QString fileName = workspace->scratchFile(QStringLiteral("qc-floor.pdf"));
+    for (auto _ : state) {
+        if (!renderPages(&report, pages, fileName))
+            state.SkipWithError("cannot write the PDF");
+    }
+    state.counters[counter::pages] = pages;
+}
+
+} // namespace
+
+void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspace)
+{
+    // About a hundred pages per measurement, at least one job; the largest job runs once.
+    for (int count : config.patientCounts) {
+        const int iterations = qMax(1, 100 / count);
+        const int repetitions = count >= 1000 ? 1 : config.repetitions;
+        benchmark::RegisterBenchmark(name::patients("ours", count).c_str(), printPatients, workspace, count)
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
+            ->Iterations(iterations)
+            ->Repetitions(repetitions);
+        benchmark::RegisterBenchmark(name::patients("floor", count).c_str(), patientFloor, workspace, count)
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
+            ->Iterations(iterations)
+            ->Repetitions(repetitions);
+    }
+    for (int count : {config.scalingSmall, config.scalingLarge})
+        benchmark::RegisterBenchmark(name::peakMemory(count).c_str(), peakMemory, workspace, count)
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
+            ->Iterations(1);
+    benchmark::RegisterBenchmark(name::qc("ours").c_str(), printQc, workspace, config.qcPoints)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Iterations(1)
+        ->Repetitions(config.repetitions);
+    benchmark::RegisterBenchmark(name::qc("floor").c_str(), qcFloor, workspace, config.qcPoints)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Iterations(1)
+        ->Repetitions(config.repetitions);
+}
+
+int runPrintChild(const QStringList& arguments)
+{
+    if (arguments.size() != 3) {
+        std::fprintf(stderr, "usage: coagulation-bench --print-child PROFILE COUNT PDF\n");
+        return 2;
+    }
+    Profile profile(arguments.at(0));
+    Workspace workspace(&profile, Workspace::templateDirectoryOf(&profile));
+    const QList<qint64> ids = BenchWorkspace::patientIds(&profile, arguments.at(1).toInt());
+    ReportPrinter printer;
+    printer.setWorkspace(&workspace);
+    printer.setOutputFileName(arguments.at(2));
+    return !ids.isEmpty() && printer.store(ids, profile.dataDatabase(), DataStorage::StoreAtOnce) ? 0 : 1;
+}
+
+} // namespace coagulation::bench
