@@ -3,6 +3,8 @@
 // Helpers for the items that show a widget on the page: what reaches the widget, their payloads,
 // and the page as it comes out of a PDF printer.
 
+#include "payload.h"
+
 #include <report.h>
 #include <reportitembase.h>
 
@@ -54,24 +56,6 @@ template <typename... Fields> QByteArray streamed(const Fields&... fields)
     out.setVersion(QDataStream::Qt_4_6);
     (out << ... << fields);
     return bytes;
-}
-
-inline QByteArray payloadOf(ReportItem* item)
-{
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_4_6);
-    item->save(out);
-    return bytes;
-}
-
-// True when the item read the payload to its end without a stream error.
-inline bool loadPayload(ReportItem* item, const QByteArray& bytes)
-{
-    QDataStream in(bytes);
-    in.setVersion(QDataStream::Qt_4_6);
-    item->load(in);
-    return in.status() == QDataStream::Ok && in.atEnd();
 }
 
 // Where printed pages go: kept under build/out/<name> with COAGULATION_KEEP_OUTPUT set (to look

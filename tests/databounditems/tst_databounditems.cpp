@@ -1,3 +1,5 @@
+#include "../common/payload.h"
+
 #include <core/profile.h>
 #include <kvcore/assayitem.h>
 #include <kvcore/assaytemplate.h>
@@ -10,17 +12,9 @@
 #include <QTest>
 
 using namespace coagulation;
+using test::payloadOf;
 
 namespace {
-
-QByteArray save(ReportItem* item)
-{
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_4_6);
-    item->save(out);
-    return bytes;
-}
 
 template <typename T> T* reload(const QByteArray& bytes, T* item)
 {
@@ -176,7 +170,7 @@ void tst_DataBoundItems::payloads()
     profile.setValue("patient/name", QStringLiteral("姓名"));
     ReportFieldItem field(&profile, "patient", "name");
     field.setAlignment(Qt::AlignRight);
-    const QByteArray fieldBytes = save(&field);
+    const QByteArray fieldBytes = payloadOf(&field);
     // The text payload first, then the version, the table and the field.
     ReportTextItem asText(false);
     asText.setAlignment(Qt::AlignRight);
@@ -188,7 +182,7 @@ void tst_DataBoundItems::payloads()
         out.setVersion(QDataStream::Qt_4_6);
         out << qint8(1) << QStringLiteral("patient") << QStringLiteral("name");
     }
-    QCOMPARE(fieldBytes, save(&asText) + suffix);
+    QCOMPARE(fieldBytes, payloadOf(&asText) + suffix);
 
     ReportFieldItem loadedField(&profile);
     QVERIFY(reload(fieldBytes, &loadedField));
@@ -205,22 +199,22 @@ void tst_DataBoundItems::payloads()
 
     ReportPropItem prop(&profile, "qc/fileno");
     ReportPropItem loadedProp(&profile);
-    QVERIFY(reload(save(&prop), &loadedProp));
+    QVERIFY(reload(payloadOf(&prop), &loadedProp));
     QCOMPARE(loadedProp.propName(), QStringLiteral("qc/fileno"));
     QCOMPARE(loadedProp.toPlainText(), QStringLiteral("[QC01]"));
-    QCOMPARE(save(&loadedProp), save(&prop));
+    QCOMPARE(payloadOf(&loadedProp), payloadOf(&prop));
     // A page number printed as "2/3" comes back as "2/3", not as a fresh "1/1".
     ReportPropItem page(&profile, "page");
     page.setPlainText(QStringLiteral("2/3"));
     ReportPropItem loadedPage(&profile);
-    QVERIFY(reload(save(&page), &loadedPage));
+    QVERIFY(reload(payloadOf(&page), &loadedPage));
     QCOMPARE(loadedPage.toPlainText(), QStringLiteral("2/3"));
 
     ReportProfileItem hospital(&profile, "hospital");
     ReportProfileItem loadedHospital(&profile);
-    QVERIFY(reload(save(&hospital), &loadedHospital));
+    QVERIFY(reload(payloadOf(&hospital), &loadedHospital));
     QCOMPARE(loadedHospital.propName(), QStringLiteral("hospital"));
-    QCOMPARE(save(&loadedHospital), save(&hospital));
+    QCOMPARE(payloadOf(&loadedHospital), payloadOf(&hospital));
 
     // Month and operator items carry the text payload only.
     ReportOperatorItem op;
@@ -228,11 +222,11 @@ void tst_DataBoundItems::payloads()
     ReportTextItem plain(true);
     plain.setFont(op.font());
     plain.setPlainText(QStringLiteral("审核者"));
-    QCOMPARE(save(&op), save(&plain));
+    QCOMPARE(payloadOf(&op), payloadOf(&plain));
     ReportMonthItem month;
     ReportMonthItem loadedMonth;
     month.setPlainText("2025-01");
-    QVERIFY(reload(save(&month), &loadedMonth));
+    QVERIFY(reload(payloadOf(&month), &loadedMonth));
     QCOMPARE(loadedMonth.toPlainText(), QStringLiteral("2025-01"));
 }
 

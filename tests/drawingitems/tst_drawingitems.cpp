@@ -1,3 +1,5 @@
+#include "../common/payload.h"
+
 #include <commands.h>
 #include <drawingitems.h>
 #include <report.h>
@@ -13,17 +15,9 @@
 #include <QUndoStack>
 
 using namespace coagulation;
+using test::payloadOf;
 
 namespace {
-
-QByteArray payloadOf(ReportItem* item)
-{
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_4_6);
-    item->save(out);
-    return bytes;
-}
 
 void loadPayload(ReportItem* item, const QByteArray& bytes)
 {

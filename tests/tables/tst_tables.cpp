@@ -21,36 +21,21 @@
 #include <QTest>
 #include <QUndoStack>
 
+#include "../common/payload.h"
 #include "../common/viewdriver.h"
 
 #include <cmath>
 #include <memory>
 
 using namespace coagulation;
+using test::loadPayload;
+using test::payloadOf;
 
 namespace {
 
 // A patient that exists only in the result table, with rows written out of display order.
 constexpr int testPatient = 900001;
 constexpr int patientWithoutResults = 900002;
-
-QByteArray payload(ReportItem* item)
-{
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_4_6);
-    item->save(out);
-    return bytes;
-}
-
-// Loads bytes into item; false unless the payload is read exactly to its end.
-bool loadPayload(ReportItem* item, const QByteArray& bytes)
-{
-    QDataStream in(bytes);
-    in.setVersion(QDataStream::Qt_4_6);
-    item->load(in);
-    return in.status() == QDataStream::Ok && in.atEnd();
-}
 
 QStringList row(const GraphicsTableItem& table, int r)
 {
@@ -337,7 +322,7 @@ void TestTables::tableCopy()
     QCOMPARE(copy.columnWidth(4), 33.0);
     QCOMPARE(copy.size(), QSizeF(640, 120));
     QCOMPARE(copy.flags(), original.flags());
-    QCOMPARE(payload(&copy), payload(&original));
+    QCOMPARE(payloadOf(&copy), payloadOf(&original));
     // The copy is a report item of its own, found through its scene item.
     QCOMPARE(ReportItem::fromGraphicsItem(&copy), static_cast<ReportItem*>(&copy));
     QCOMPARE(ReportItem::fromGraphicsItem(&original), static_cast<ReportItem*>(&original));
@@ -1027,7 +1012,7 @@ void TestTables::templateFileRoundTrip()
         ReportItem* copy = byKey.value(original->key());
         QCOMPARE(copy->graphicsItem()->pos(), original->graphicsItem()->pos());
         QCOMPARE(copy->geometry(), original->geometry());
-        QCOMPARE(payload(copy), payload(original));
+        QCOMPARE(payloadOf(copy), payloadOf(original));
     }
     auto* loadedQc = dynamic_cast<ReportQcTableItem*>(byKey.value("QcTable"));
     QVERIFY(loadedQc);
@@ -1069,11 +1054,11 @@ void TestTables::payloadRoundTrips()
     original->setGeometry(polygon);
     if (auto* grid = dynamic_cast<GraphicsTableItem*>(original.get()))
         grid->setItemText(9, 0, QStringLiteral("beyond the count"));
-    const QByteArray bytes = payload(original.get());
+    const QByteArray bytes = payloadOf(original.get());
 
     std::unique_ptr<ReportItem> copy(make());
     QVERIFY(loadPayload(copy.get(), bytes));
-    QCOMPARE(payload(copy.get()), bytes);
+    QCOMPARE(payloadOf(copy.get()), bytes);
     QCOMPARE(copy->geometry(), original->geometry());
     QCOMPARE(copy->font().pixelSize(), 13);
     QVERIFY(copy->font().families().contains(QStringLiteral("Noto Sans CJK SC")));
@@ -1100,7 +1085,7 @@ void TestTables::multiColumnPayload()
         original.blocks().at(b)->setColumnWidth(1, 90 + b);
     }
     original.layout(original.width());
-    const QByteArray bytes = payload(&original);
+    const QByteArray bytes = payloadOf(&original);
 
     // Version, block count, gap and size come first.
     QDataStream head(bytes);
@@ -1127,11 +1112,11 @@ void TestTables::multiColumnPayload()
         QCOMPARE(block->rowHeight(), 20.0);
         QCOMPARE(block->pos(), original.blocks().at(b)->pos());
     }
-    QCOMPARE(payload(&copy), bytes);
+    QCOMPARE(payloadOf(&copy), bytes);
 
     // Loading a one-block table into a three-block one leaves one block.
     ReportQcTableItem single;
-    QVERIFY(loadPayload(&original, payload(&single)));
+    QVERIFY(loadPayload(&original, payloadOf(&single)));
     QCOMPARE(original.columns(), 1);
     QCOMPARE(original.blocks().first()->itemText(2, 0), QString());
 }
@@ -1167,7 +1152,7 @@ void TestTables::brokenMultiColumnPayload()
     QCOMPARE(table.columns(), columns);
     // Still usable: it lays out, saves and fills.
     table.setGeometry(table.geometry());
-    QVERIFY(!payload(&table).isEmpty());
+    QVERIFY(!payloadOf(&table).isEmpty());
 }
 
 QTEST_MAIN(TestTables)

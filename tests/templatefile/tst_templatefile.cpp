@@ -1,3 +1,5 @@
+#include "../common/payload.h"
+
 #include <core/information.h>
 #include <core/profile.h>
 #include <itemfactory.h>
@@ -13,6 +15,7 @@
 #include <memory>
 
 using namespace coagulation;
+using test::payloadOf;
 
 namespace {
 
@@ -33,16 +36,6 @@ QByteArray saved(Report& report)
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
     return report.save(out) ? bytes : QByteArray();
-}
-
-// What an item writes after its frame.
-QByteArray payload(ReportItem* item)
-{
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_4_6);
-    item->save(out);
-    return bytes;
 }
 
 QByteArray framed(const Report& report, ReportItem* item)
@@ -257,7 +250,7 @@ void tst_TemplateFile::roundTrip()
         QCOMPARE(copy->key(), original->key());
         QCOMPARE(copy->graphicsItem()->pos(), original->graphicsItem()->pos());
         QCOMPARE(copy->graphicsItem()->transform(), original->graphicsItem()->transform());
-        QCOMPARE(payload(copy), payload(original));
+        QCOMPARE(payloadOf(copy), payloadOf(original));
     }
 }
 
@@ -489,7 +482,7 @@ void tst_TemplateFile::damagedFrames()
         const int record = framed(report, item).size();
         // A key length that no longer fits shifts every later field; what the payload readers
         // then meet is theirs to survive, so the key lengths stay as they are.
-        for (int i = 4; i < record - payload(item).size(); ++i)
+        for (int i = 4; i < record - payloadOf(item).size(); ++i)
             framing.append(offset + i);
         offset += record;
     }
