@@ -4,6 +4,7 @@
 
 #include "itemfactory.h"
 #include "reportitembase.h"
+#include "templatelimits_p.h"
 
 #include <core/information.h>
 
@@ -175,6 +176,8 @@ bool Report::loadItems(QDataStream& in, QList<ReportItem*>& items) const
     in >> count;
     if (count <= 0)
         return true;
+    TemplateLimits::checkItems(count);
+    const TemplateLimits::Scope budget; // bounds every picture, cell and text of the list together
     QList<ReportItem*> read;
     ReportItem* item = nullptr;
     try {
