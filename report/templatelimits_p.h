@@ -23,7 +23,7 @@ public:
     static constexpr int maxTextLength = 65536;                     // characters of one text or cell
     static constexpr qint64 maxTemplateCharacters = 1 << 20;        // characters of every text and cell
     static constexpr int maxHtmlDepth = 64;                         // elements open inside one another
-    static constexpr int maxHtmlTableDepth = 3;                     // tables inside tables
+    static constexpr int maxHtmlTableDepth = 4;                     // tables inside tables
     static constexpr int maxHtmlSpan = 100;                         // colspan and rowspan of an HTML cell
     static constexpr int maxGradientStops = 256;                    // stops of a gradient brush
 
