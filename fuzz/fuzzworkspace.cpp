@@ -89,3 +89,10 @@ std::unique_ptr<Report> loadTemplate(const std::uint8_t* data, std::size_t size)
 }
 
 } // namespace coagulation::fuzz
+
+// libFuzzer's set-up hook, shared by every target.
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
+{
+    coagulation::fuzz::workspace(argc, argv);
+    return 0;
+}

@@ -27,7 +27,7 @@ struct Workspace
     MaintenanceExportData maintenance;
 };
 
-// Sets everything up on the first call (from LLVMFuzzerInitialize).
+// Sets everything up on the first call (from LLVMFuzzerInitialize, defined beside it).
 Workspace& workspace(int* argc = nullptr, char*** argv = nullptr);
 
 // The bytes loaded as a template into a new report; null when loading refuses them. A refusal

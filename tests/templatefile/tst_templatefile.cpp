@@ -126,31 +126,23 @@ QByteArray templateOf(const QList<std::pair<QString, QByteArray>>& records, qint
     return bytes;
 }
 
-template <class... Fields> QByteArray fields(const Fields&... values)
-{
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_4_6);
-    (out << ... << values);
-    return bytes;
-}
-
 QByteArray textPayload(qint8 format, const QString& text, const QFont& font = QFont())
 {
-    return fields(format, qint32(0), QPen(), QBrush(), font, -1.0, text);
+    return test::streamed(format, qint32(0), QPen(), QBrush(), font, -1.0, text);
 }
 
 // A grid payload whose counts and lists are raw.
 QByteArray gridPayload(qint32 rows, qint32 columns, const QByteArray& lists)
 {
-    return fields(qint8(1), rows, columns, 8.0, 24.0, QSizeF(100, 24)) + lists + fields(QFont());
+    return test::streamed(qint8(1), rows, columns, 8.0, 24.0, QSizeF(100, 24)) + lists +
+           test::streamed(QFont());
 }
 
 QByteArray imagePayload(int width, int height)
 {
     QImage image(width, height, QImage::Format_Mono);
     image.fill(1);
-    return fields(qint8(1), image);
+    return test::streamed(qint8(1), image);
 }
 
 QString nested(const QString& open, const QString& close, int depth)
@@ -575,8 +567,8 @@ void tst_TemplateFile::hostileTemplates_data()
     // The font size of a template found by fuzzing: pixel size -1501801469.
     QFont font(QStringLiteral("Noto Sans CJK SC"), 12);
     QByteArray badFont = textPayload(2, QStringLiteral("\u0D05\r"), font);
-    const int pixelSizeAt = fields(qint8(2), qint32(0), QPen(), QBrush()).size() + 4 + 2 * 16 + 8;
-    const QByteArray hugeNegative = fields(qint32(-1501801469));
+    const int pixelSizeAt = test::streamed(qint8(2), qint32(0), QPen(), QBrush()).size() + 4 + 2 * 16 + 8;
+    const QByteArray hugeNegative = test::streamed(qint32(-1501801469));
     badFont.replace(pixelSizeAt, 4, hugeNegative);
     QTest::newRow("font size out of range") << templateOf({{"Text", badFont}}) << QString() << 1;
 
@@ -610,7 +602,7 @@ void tst_TemplateFile::hostileTemplates_data()
     QTest::newRow("two largest pictures")
         << templateOf({{"Image", largest}, {"Image", largest}}) << QString() << 2;
 
-    const QByteArray noLists = fields(quint32(0), quint32(0));
+    const QByteArray noLists = test::streamed(quint32(0), quint32(0));
     QTest::newRow("65536 x 65536 grid") << templateOf({{"Results", gridPayload(65536, 65536, noLists)}})
                                         << "一个表格的单元格数不能超过 100000" << 0;
     QTest::newRow("1001 columns") << templateOf({{"Results", gridPayload(1, 1001, noLists)}})
@@ -620,31 +612,32 @@ void tst_TemplateFile::hostileTemplates_data()
         grids.append({"Results", gridPayload(1000, 100, noLists)});
     QTest::newRow("cells together") << templateOf(grids) << "模板中所有表格的单元格数不能超过 200000" << 0;
     QTest::newRow("grid rows counted past the end")
-        << templateOf({{"Results", fields(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(0x7fffffff))}})
+        << templateOf({{"Results", test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(0x7fffffff))}})
         << QString() << 0;
     QTest::newRow("row cells counted past the end")
-        << templateOf(
-               {{"Results", fields(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(1), quint32(0x7fffffff))}})
+        << templateOf({{"Results", test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(1),
+                                                  quint32(0x7fffffff))}})
         << QString() << 0;
     QTest::newRow("column specs counted past the end")
-        << templateOf(
-               {{"Results", fields(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(0), quint32(0x7fffffff))}})
+        << templateOf({{"Results", test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(0),
+                                                  quint32(0x7fffffff))}})
         << QString() << 0;
-    const QByteArray penHead = fields(qint8(1), QLineF(0, 0, 10, 0), quint16(Qt::CustomDashLine), false, 1.0,
-                                      QBrush(Qt::black), 2.0);
+    const QByteArray penHead = test::streamed(qint8(1), QLineF(0, 0, 10, 0), quint16(Qt::CustomDashLine),
+                                              false, 1.0, QBrush(Qt::black), 2.0);
     QTest::newRow("dashes counted past the end")
-        << templateOf({{"Line", penHead + fields(quint32(0x20000000))}}) << QString() << 0;
-    QByteArray stops = fields(qint8(1), QRectF(0, 0, 10, 10), QPen(), quint8(Qt::LinearGradientPattern),
-                              QColor(Qt::red), qint32(QGradient::LinearGradient), 0, 0, 0, quint32(1000));
+        << templateOf({{"Line", penHead + test::streamed(quint32(0x20000000))}}) << QString() << 0;
+    QByteArray stops =
+        test::streamed(qint8(1), QRectF(0, 0, 10, 10), QPen(), quint8(Qt::LinearGradientPattern),
+                       QColor(Qt::red), qint32(QGradient::LinearGradient), 0, 0, 0, quint32(1000));
     for (int i = 0; i < 1000; ++i)
-        stops += fields(1.0 - i / 1000.0, QColor(Qt::blue));
-    stops += fields(QPointF(), QPointF(1, 1), QTransform());
+        stops += test::streamed(1.0 - i / 1000.0, QColor(Qt::blue));
+    stops += test::streamed(QPointF(), QPointF(1, 1), QTransform());
     QTest::newRow("1000 unsorted gradient stops")
         << templateOf({{"Rect", stops}}) << "渐变的色标数不能超过 256" << 0;
-    QTest::newRow("blocks") << templateOf({{"QcTable",
-                                            fields(qint8(1), qint32(2000000000), 20.0, QSizeF(300, 100))}})
+    QTest::newRow("blocks") << templateOf({{"QcTable", test::streamed(qint8(1), qint32(2000000000), 20.0,
+                                                                      QSizeF(300, 100))}})
                             << "多列表格的列块数不能超过 100" << 0;
-    QTest::newRow("items") << templateOf({{"Line", fields(qint8(1), QLineF(), QPen())}}, 20000)
+    QTest::newRow("items") << templateOf({{"Line", test::streamed(qint8(1), QLineF(), QPen())}}, 20000)
                            << "模板中的项目数不能超过 10000" << 0;
 }
 
