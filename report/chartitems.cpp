@@ -39,6 +39,7 @@ void loadProxyPayload(QDataStream& in, QGraphicsProxyWidget* proxy, ReportItem* 
     qint8 version = 0;
     QRectF rect;
     in >> version >> rect;
+    payload::requireFinite(in, {rect.x(), rect.y(), rect.width(), rect.height()});
     const QPen pen = payload::readPen(in);
     const QBrush brush = payload::readBrush(in);
     const QFont font = payload::readFont(in);

@@ -182,6 +182,7 @@ void ReportTextItem::load(QDataStream& in)
     double width = -1;
     in >> width;
     const QString text = payload::readText(in);
+    payload::requireFinite(in, {width});
     // A damaged payload is not applied: its values are noise.
     if (in.status() != QDataStream::Ok)
         return;
@@ -249,6 +250,7 @@ void ReportLineItem::load(QDataStream& in)
     qint8 version = 0;
     QLineF l;
     in >> version >> l;
+    payload::requireFinite(in, {l.x1(), l.y1(), l.x2(), l.y2()});
     const QPen p = payload::readPen(in);
     if (in.status() != QDataStream::Ok)
         return;
@@ -308,6 +310,7 @@ void ReportRectItem::load(QDataStream& in)
     qint8 version = 0;
     QRectF r;
     in >> version >> r;
+    payload::requireFinite(in, {r.x(), r.y(), r.width(), r.height()});
     const QPen p = payload::readPen(in);
     const QBrush b = payload::readBrush(in);
     if (in.status() != QDataStream::Ok)

@@ -198,6 +198,7 @@ void GraphicsTableItem::load(QDataStream& in)
     double rowHeight = 0.0;
     QSizeF size;
     in >> version >> rowCount >> columnCount >> spacing >> rowHeight >> size;
+    payload::requireFinite(in, {spacing, rowHeight, size.width(), size.height()});
     const QList<QStringList> texts = payload::readStringTable(in);
     const QList<ColumnSpec> columns = readColumnSpecs(in);
     const QFont font = payload::readFont(in);

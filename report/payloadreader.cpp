@@ -121,6 +121,16 @@ bool fits(QDataStream& in, quint32 count, qint64 bytesEach)
     return false;
 }
 
+void requireFinite(QDataStream& in, std::initializer_list<double> values)
+{
+    for (double value : values) {
+        if (!std::isfinite(value)) {
+            in.setStatus(QDataStream::ReadCorruptData);
+            return;
+        }
+    }
+}
+
 QBrush readBrush(QDataStream& in)
 {
     QByteArray raw;

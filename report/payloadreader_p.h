@@ -15,6 +15,8 @@
 #include <QPixmap>
 #include <QStringList>
 
+#include <initializer_list>
+
 class QDataStream;
 
 namespace coagulation::payload {
@@ -25,6 +27,9 @@ qint64 bytesLeft(QDataStream& in);
 // True when count elements of at least bytesEach bytes can still follow; otherwise the stream
 // is marked as read past its end.
 bool fits(QDataStream& in, quint32 count, qint64 bytesEach);
+
+// Geometry that is not finite cannot be placed or painted: the payload counts as damaged.
+void requireFinite(QDataStream& in, std::initializer_list<double> values);
 
 QPen readPen(QDataStream& in);
 QBrush readBrush(QDataStream& in);

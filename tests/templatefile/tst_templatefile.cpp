@@ -637,6 +637,10 @@ void tst_TemplateFile::hostileTemplates_data()
     QTest::newRow("blocks") << templateOf({{"QcTable", test::streamed(qint8(1), qint32(2000000000), 20.0,
                                                                       QSizeF(300, 100))}})
                             << "多列表格的列块数不能超过 100" << 0;
+    QTest::newRow("width not finite")
+        << templateOf({{"Text", test::streamed(qint8(2), qint32(0), QPen(), QBrush(), QFont(), qQNaN(),
+                                               QString("x"))}})
+        << QString() << 0;
     QTest::newRow("items") << templateOf({{"Line", test::streamed(qint8(1), QLineF(), QPen())}}, 20000)
                            << "模板中的项目数不能超过 10000" << 0;
 }
