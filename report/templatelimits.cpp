@@ -3,6 +3,8 @@
 #include <QList>
 #include <QStringView>
 
+#include <algorithm>
+
 namespace coagulation {
 
 namespace {
