@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 class QWidget;
@@ -15,6 +16,8 @@ struct PreviewChoice;
 // Give it a copy of the workspace: the printer records print times as it prints.
 class TemplatePreview
 {
+    Q_DECLARE_TR_FUNCTIONS(coagulation::TemplatePreview)
+
 public:
     // The name under which the template is handed to the printer.
     static QString templateName() { return QStringLiteral("designer-preview"); }
