@@ -2,19 +2,11 @@
 
 #include <core/profile.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QSettings>
 
 namespace coagulation {
-
-namespace {
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("coagulation::PreviewWorkspace", text);
-}
-} // namespace
 
 PreviewWorkspace::PreviewWorkspace(const QString& profileFile)
 {

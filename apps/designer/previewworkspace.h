@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QTemporaryDir>
 
@@ -13,6 +14,7 @@ class Profile;
 // printer records while it previews, such as print times, never reaches the real workspace.
 class PreviewWorkspace
 {
+    Q_DECLARE_TR_FUNCTIONS(coagulation::PreviewWorkspace)
 public:
     // Copies the workspace whose settings file is given; check profile() for success.
     explicit PreviewWorkspace(const QString& profileFile);
