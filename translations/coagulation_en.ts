@@ -1286,6 +1286,10 @@ Do you want to save your changes?</translation>
         <source>参考值</source>
         <translation>Reference</translation>
     </message>
+    <message>
+        <source>凝血酶原时间</source>
+        <translation>Prothrombin time</translation>
+    </message>
 </context>
 <context>
     <name>coagulation::ReportPrinter</name>
