@@ -1014,6 +1014,11 @@ Do you want to save your changes?</translation>
         <source>示例医疗器械有限公司</source>
         <translation>Example Medical Devices Ltd.</translation>
     </message>
+    <message>
+        <source>%1(%2)</source>
+        <comment>control material (level)</comment>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>coagulation::Language</name>
