@@ -1125,6 +1125,11 @@ Do you want to save your changes?</translation>
         <source>示例医疗器械有限公司</source>
         <translation>Example Medical Devices Ltd.</translation>
     </message>
+    <message>
+        <source>%1(%2)</source>
+        <comment>control material (level)</comment>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>coagulation::Language</name>
@@ -1610,6 +1615,10 @@ Do you want to save your changes?</translation>
     <message>
         <source>参考值</source>
         <translation>Reference</translation>
+    </message>
+    <message>
+        <source>凝血酶原时间</source>
+        <translation>Prothrombin time</translation>
     </message>
 </context>
 <context>
