@@ -21,6 +21,8 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <QScreen>
 #include <QSqlQuery>
 
 namespace coagulation {
@@ -202,6 +204,12 @@ bool ReportPrinter::run(const Job& job, PageLoop pageLoop)
     switch (m_job.storeMode) {
     case StorePreview: {
         QPrintPreviewDialog preview(&printer, topLevelWidget(), Qt::Window);
+        // Where nothing maximises the window (no window manager) it must still open large,
+        // showing whole pages.
+        if (const QScreen* screen = preview.screen())
+            preview.resize(screen->availableGeometry().size() * 0.85);
+        if (auto* pages = preview.findChild<QPrintPreviewWidget*>())
+            pages->fitInView();
         preview.setWindowState((preview.windowState() & ~(Qt::WindowMinimized | Qt::WindowFullScreen)) |
                                Qt::WindowMaximized);
         connect(&preview, &QPrintPreviewDialog::paintRequested, this, pageLoop);
