@@ -53,6 +53,17 @@ int pdfPageCount(const QString& fileName)
     return int(text.count(page));
 }
 
+// Standard output of a PDF tool from poppler-utils or qpdf; empty when it is missing or fails.
+QString pdfTool(const QString& tool, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(tool, arguments);
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0)
+        return QString();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
 } // namespace
 
 class TestPrintTool : public QObject
@@ -118,6 +129,14 @@ void TestPrintTool::patientReportsGivePagePerPatient()
     while (query.next())
         printed.append(query.value(0).toLongLong());
     QCOMPARE(printed, (QList<qint64>{1, 2, 4}));
+
+    // Found again by what a laboratory searches for.
+    const QString text = pdfTool(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")});
+    if (text.isEmpty())
+        QSKIP("pdftotext is not installed");
+    for (const QString& searched : {QStringLiteral("示例市第一人民医院"), QStringLiteral("凝血酶原时间"),
+                                    QStringLiteral("凝血检验报告单")})
+        QCOMPARE(text.count(searched), 3);
 }
 
 void TestPrintTool::samplesArePrintedBySampleNumber()
@@ -173,9 +192,32 @@ void TestPrintTool::maintenanceReportIsOnePage()
     const QString pdf = path(QStringLiteral("out/maintenance.pdf"));
     const Run run =
         runTool({QStringLiteral("maintenance"), QStringLiteral("--month"), QStringLiteral("2024-06"),
-                 QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
+                 QStringLiteral("--pdfa"), QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QCOMPARE(pdfPageCount(pdf), 1);
+
+    // Archival: PDF/A-1b said in the XMP metadata, which agrees with the document information,
+    // every font embedded, and a file qpdf finds sound.
+    const QString meta = pdfTool(QStringLiteral("pdfinfo"), {QStringLiteral("-meta"), pdf});
+    const QString fonts = pdfTool(QStringLiteral("pdffonts"), {pdf});
+    const QString check = pdfTool(QStringLiteral("qpdf"), {QStringLiteral("--check"), pdf});
+    if (meta.isEmpty() || fonts.isEmpty() || check.isEmpty())
+        QSKIP("poppler-utils or qpdf is not installed");
+    QVERIFY2(meta.contains(QStringLiteral("<pdfaid:part>1</pdfaid:part>")) &&
+                 meta.contains(QStringLiteral("<pdfaid:conformance>B</pdfaid:conformance>")),
+             qPrintable(meta));
+    QVERIFY(meta.contains(QStringLiteral("<rdf:li xml:lang=\"x-default\">维护记录报告单 2024-06</rdf:li>")));
+    QVERIFY(meta.contains(QStringLiteral("<rdf:li>示例市第一人民医院</rdf:li>")));
+    QVERIFY(pdfTool(QStringLiteral("pdfinfo"), {pdf}).contains(QStringLiteral("维护记录报告单 2024-06")));
+    const QStringList fontRows = fonts.trimmed().split(QLatin1Char('\n')).mid(2);
+    QVERIFY(!fontRows.isEmpty());
+    for (const QString& row : fontRows) {
+        // Columns from the end: emb sub uni object generation.
+        const QStringList columns = row.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        QVERIFY2(columns.size() > 5 && columns.at(columns.size() - 5) == QLatin1String("yes"),
+                 qPrintable(fonts));
+    }
+    QVERIFY2(check.contains(QStringLiteral("No syntax or stream encoding errors")), qPrintable(check));
 }
 
 void TestPrintTool::templatesAreListed()
@@ -281,7 +323,7 @@ void TestPrintTool::helpDescribesTheCommands()
     const Run run = runTool({QStringLiteral("--help")});
     QCOMPARE(run.exitCode, 0);
     for (const char* word : {"patients", "samples", "qc", "maintenance", "templates", "demo", "--output",
-                             "--preview", "--dialog", "--month", "--profile"})
+                             "--preview", "--dialog", "--month", "--profile", "--pdfa"})
         QVERIFY2(run.out.contains(QLatin1String(word)), word);
 }
 
