@@ -197,6 +197,8 @@ bool PdfFinisher::finish(const QString& fileName, const PdfDocumentInfo& info, Q
         QPDFWriter writer(pdf, partPath.constData());
         // PDF/A-1 is PDF 1.4: no object or cross-reference streams.
         writer.setObjectStreamMode(qpdf_o_disable);
+        // Streams Qt has compressed are copied as they are; only the new ones get compressed.
+        writer.setDecodeLevel(qpdf_dl_none);
         writer.write();
     } catch (const std::exception& error) {
         std::remove(partPath.constData());
