@@ -1,3 +1,5 @@
+#include "../common/dialoganswerer.h"
+
 #include <designerdialogs.h>
 #include <designerwindow.h>
 #include <formattoolbar.h>
@@ -10,7 +12,6 @@
 #include <toolpalette.h>
 
 #include <commands.h>
-#include <core/dialogdriver.h>
 #include <core/profile.h>
 #include <drawingitems.h>
 #include <itemfactory.h>
@@ -767,20 +768,14 @@ void tst_Designer::previewThroughPlugin()
     stack()->push(new NewCommand(window->report(), name));
 
     int pages = -1;
-    QString title;
-    DialogDriver::setHandler([&](QDialog* dialog) {
-        if (auto* preview = qobject_cast<QPrintPreviewDialog*>(dialog)) {
-            auto* widget = preview->findChild<QPrintPreviewWidget*>();
-            widget->updatePreview();
+    test::DialogAnswerer dialogs;
+    dialogs.then([&](QDialog* dialog) {
+        if (auto* widget = dialog->findChild<QPrintPreviewWidget*>())
             pages = widget->pageCount();
-        }
-        title = dialog->metaObject()->className();
-        return int(QDialog::Rejected);
+        dialog->reject();
     });
-    const bool shown = window->preview();
-    DialogDriver::clear();
-    QVERIFY(shown);
-    QCOMPARE(title, QStringLiteral("QPrintPreviewDialog"));
+    QVERIFY(window->preview());
+    QCOMPARE(dialogs.shown(), QStringList{"QPrintPreviewDialog"});
     QCOMPARE(pages, PreviewData::patientCount);          // one page per patient
     QCOMPARE(window->report()->reportItems().size(), 2); // the designer's document is untouched
     QCOMPARE(window->report()->currentPage(), 1);
