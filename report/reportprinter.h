@@ -8,6 +8,7 @@
 #include <QList>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 
 class QPainter;
 class QPrinter;
@@ -65,12 +66,15 @@ private:
         bool qcSampleTemplateLoaded = false;
         const MaintenanceExportData* maintenanceData = nullptr;
         bool printerFailed = false;
+        bool archival = false; // PDF/A-1b
+        QStringList subjects;  // what the printed pages are about, for the document title
     };
 
     bool hasWorkspace() const;
     bool loadTemplate(Report* report, kv::ReportType type, kv::SampleType sampleType);
     bool run(const Job& job, PageLoop pageLoop);
     bool beginPainting(QPainter& painter, QPrinter* printer);
+    void endPainting(QPainter& painter, QPrinter* printer);
     QString printerError(const QPrinter* printer) const;
 
     Workspace* m_workspace = nullptr;
