@@ -26,6 +26,7 @@ const QList<OptionUse>& optionUses()
         {"output", printCommands},
         {"dialog", printCommands},
         {"preview", printCommands},
+        {"pdfa", printCommands},
         {"from", {ToolArguments::Qc}},
         {"to", {ToolArguments::Qc}},
         {"month", {ToolArguments::Maintenance}},
@@ -45,6 +46,7 @@ void addOptions(QCommandLineParser& parser)
         {{QStringLiteral("o"), QStringLiteral("output")}, QString(), QStringLiteral("file")},
         {QStringLiteral("dialog"), QString()},
         {QStringLiteral("preview"), QString()},
+        {QStringLiteral("pdfa"), QString()},
         {QStringLiteral("from"), QString(), QStringLiteral("date")},
         {QStringLiteral("to"), QString(), QStringLiteral("date")},
         {QStringLiteral("month"), QString(), QStringLiteral("month")},
@@ -90,6 +92,8 @@ QString ToolArguments::helpText()
         "  -o, --output FILE      write a PDF file instead of printing on the default printer\n"
         "  --dialog               choose the printer in a print dialog first\n"
         "  --preview              show a print preview, from which one can print\n"
+        "  --pdfa                 write the PDF as PDF/A-1b, for archiving (for this run; the\n"
+        "                         profile's \"report/pdfa\" = true makes it the default)\n"
         "  --from DATE, --to DATE qc: only results measured in this range (yyyy-MM-dd)\n"
         "  --month MONTH          maintenance: the month, yyyy-MM (required)\n"
         "  --workbench ID         maintenance: the workbench (default: the first one)\n"
@@ -193,6 +197,7 @@ bool ToolArguments::parse(const QStringList& arguments)
     profileFile = parser.value(QStringLiteral("profile"));
     templateDirectory = parser.value(QStringLiteral("template-dir"));
     templateName = parser.value(QStringLiteral("template"));
+    archival = parser.isSet(QStringLiteral("pdfa"));
     if ((printCommands.contains(command) || command == Templates) && profileFile.isEmpty())
         return fail(QStringLiteral("The command '%1' needs a profile (--profile FILE)").arg(name));
 

@@ -25,7 +25,8 @@ public:
     QString templateDirectory; // empty: the profile's
     QString templateName;      // empty: the remembered one
     QString outputFile;
-    QList<qint64> ids; // patients or reagents
+    bool archival = false; // PDF/A-1b
+    QList<qint64> ids;     // patients or reagents
     QStringList sampleNumbers;
     QDate from; // QC range, open when invalid
     QDate to;
