@@ -5,6 +5,7 @@
 #include <report.h>
 
 #include <QDataStream>
+#include <QIODevice>
 
 #include <cstdio>
 #include <cstdlib>
