@@ -13,14 +13,17 @@ bool isNotable(const QString& result)
     return !result.isEmpty() && result != QStringLiteral("正常") && result != QStringLiteral("已完成");
 }
 
-// Long task names break into lines of a few characters so that the columns stay narrow.
+// Long task names break into lines of at most `width` characters, as even as can be, so that
+// the columns stay narrow.
 QString wrapped(const QString& text, int width)
 {
+    const qsizetype lines = qMax<qsizetype>(1, (text.size() + width - 1) / width);
+    const qsizetype perLine = (text.size() + lines - 1) / lines;
     QString out;
-    for (int i = 0; i < text.size(); i += width) {
+    for (qsizetype i = 0; i < text.size(); i += perLine) {
         if (i > 0)
             out += QLatin1Char('\n');
-        out += text.mid(i, width);
+        out += text.mid(i, perLine);
     }
     return out;
 }
@@ -119,7 +122,7 @@ QVariant MaintenanceRecordModel::headerData(int section, Qt::Orientation orienta
         return section < m_days.size() ? QVariant(m_days.at(section).toString(QStringLiteral("MM-dd")))
                                        : QVariant();
     if (section < m_tasks.size())
-        return wrapped(m_tasks.at(section), 5);
+        return wrapped(m_tasks.at(section), 6);
     if (section == m_tasks.size())
         return m_tasks.isEmpty() ? tr("无记录") : tr("备注");
     return QVariant();
