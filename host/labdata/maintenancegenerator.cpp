@@ -8,6 +8,10 @@ namespace coagulation {
 
 namespace {
 
+const QString longNote =
+    QStringLiteral("试剂位温度曾短时升至十二摄氏度，复测恢复正常；已记录报警时间并通知工程师，"
+                   "下次巡检时检查制冷模块与温度传感器");
+
 struct Task
 {
     QString name;
@@ -100,9 +104,14 @@ bool MaintenanceGenerator::write(QSqlDatabase db, int months)
                     const QString result = !task.check ? QStringLiteral("已完成")
                                            : problem   ? QStringLiteral("异常")
                                                        : QStringLiteral("正常");
+                    QString remark = problem ? task.problem : QString();
+                    // A few long notes a month, the worst case for the printed table.
+                    if (recordType == MaintenanceManager::DailyMaintenance &&
+                        task.name == taskList(recordType).first().name && day.day() % 9 == 5)
+                        remark += (remark.isEmpty() ? QString() : QStringLiteral("；")) + longNote;
                     if (!records.insert({id++, workbench, recordType,
                                          day.toString(QStringLiteral("yyyy-MM-dd")), task.name, operatorName,
-                                         result, problem ? task.problem : QString()})) {
+                                         result, remark})) {
                         m_errorString = records.errorString();
                         return false;
                     }
