@@ -1,6 +1,7 @@
 #include "printtool.h"
 
 #include "demoworkspace.h"
+#include "overflowpreflight.h"
 #include "reportsources.h"
 
 #include <core/information.h>
@@ -181,6 +182,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
 
     Profile* profile = workspace->profile();
     ReportSources sources(profile);
+    // Every page is bound once before printing, so that nothing overprints unannounced.
+    OverflowPreflight preflight(workspace);
     const DataStorage::StoreMode mode = storeMode(arguments.destination);
     bool stored = false;
     switch (arguments.command) {
@@ -198,6 +201,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
             fail(QStringLiteral(
                      "No template chosen for QC samples (profile key report/qc): %1 will be left out")
                      .arg(qcSamples.join(QStringLiteral(", "))));
+        if (!OverflowPreflight::passes(preflight.patients(ids), arguments.strict))
+            return Failure;
         stored = printer->store(ids, profile->dataDatabase(), mode);
         break;
     }
@@ -208,6 +213,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
         QList<QcExportData*> data;
         for (const auto& one : series)
             data.append(one->data());
+        if (!OverflowPreflight::passes(preflight.qc(data), arguments.strict))
+            return Failure;
         stored = printer->store(data, mode);
         break;
     }
@@ -218,6 +225,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
         MaintenanceExportData data;
         data.workbench = &workbench;
         data.month = arguments.month;
+        if (!OverflowPreflight::passes(preflight.maintenance(data), arguments.strict))
+            return Failure;
         stored = printer->store(&data, mode);
         break;
     }

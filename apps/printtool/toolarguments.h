@@ -25,7 +25,8 @@ public:
     QString templateDirectory; // empty: the profile's
     QString templateName;      // empty: the remembered one
     QString outputFile;
-    QList<qint64> ids; // patients or reagents
+    bool strict = false; // content outgrowing its template fails the job instead of a warning
+    QList<qint64> ids;   // patients or reagents
     QStringList sampleNumbers;
     QDate from; // QC range, open when invalid
     QDate to;
