@@ -3,9 +3,9 @@
 #include "toolarguments.h"
 
 #include <core/information.h>
+#include <language.h>
 
 #include <QApplication>
-#include <QLocale>
 
 #include <cstdio>
 
@@ -52,8 +52,11 @@ int main(int argc, char** argv)
         defaultHandler = qInstallMessageHandler(offscreenHandler);
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("coagulation-print"));
-    // The laboratory's reports show dates and times the Chinese way.
-    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    QString languageError;
+    if (!Language::setUp(parsed.language, &languageError)) {
+        std::fprintf(stderr, "coagulation-print: %s\n", qPrintable(languageError));
+        return PrintTool::Failure;
+    }
 
     if (showsWindows && !InformationLog::isInteractive()) {
         std::fprintf(stderr, "coagulation-print: --dialog and --preview need a display\n");

@@ -1,5 +1,7 @@
 #include "toolarguments.h"
 
+#include <language.h>
+
 #include <QCommandLineParser>
 
 namespace coagulation {
@@ -52,6 +54,7 @@ void addOptions(QCommandLineParser& parser)
         {QStringLiteral("patients"), QString(), QStringLiteral("count")},
         {QStringLiteral("template-source"), QString(), QStringLiteral("folder")},
         {{QStringLiteral("h"), QStringLiteral("help")}, QString()},
+        Language::option(),
     });
 }
 
@@ -96,11 +99,14 @@ QString ToolArguments::helpText()
         "  --workbench ID         maintenance: the workbench (default: the first one)\n"
         "  --patients COUNT       demo: number of patient samples to generate (default 200)\n"
         "  --template-source DIR  demo: where the default templates are copied from\n"
+        "  --language NAME        zh_CN (the default) or en: the language of messages, reports\n"
+        "                         and of the demo's templates and data (default: LANGUAGE,\n"
+        "                         LC_ALL or LANG when they name English)\n"
         "  -h, --help             shows this text\n"
         "\n"
         "Without --output, --dialog or --preview the reports go to the default printer. Messages\n"
         "of the report module go to stderr unless a dialog or preview is shown. Dates and times\n"
-        "are printed in the Chinese (China) format.\n"
+        "are printed in the format of the chosen language.\n"
         "\n"
         "Exit status: 0 printed, 1 the job failed (data or template missing, printing failed),\n"
         "2 wrong arguments.\n"
@@ -144,6 +150,11 @@ bool ToolArguments::parse(const QStringList& arguments)
     addOptions(parser);
     if (!parser.parse(arguments))
         return fail(parser.errorText());
+    language = parser.value(QStringLiteral("language"));
+    bool known = true;
+    Language::choose(language, &known);
+    if (!known)
+        return fail(QStringLiteral("--language '%1' is not one of zh_CN and en").arg(language));
     if (parser.isSet(QStringLiteral("help"))) {
         command = Help;
         return true;

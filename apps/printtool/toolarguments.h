@@ -35,6 +35,7 @@ public:
     QString demoFolder;
     int demoPatients = 200;
     QString templateSource; // demo: where the default templates are copied from
+    QString language;       // empty: from the environment
 
 private:
     bool fail(const QString& message);

@@ -34,8 +34,9 @@ double resultsSection(TemplateBuilder& builder, double y)
     auto* table = new ReportPatientTableItem(builder.profile());
     table->setFont(TemplateBuilder::font(14));
     table->setGeometry(TemplateBuilder::tablePolygon(QSizeF(width, rows * rowHeight), rowHeight, widths));
-    builder.columnCaptions({QStringLiteral("代码"), QStringLiteral("项目名称"), QStringLiteral("结果"),
-                            QStringLiteral("单位"), QStringLiteral("提示"), QStringLiteral("参考区间")},
+    builder.columnCaptions({TemplateBuilder::tr("代码"), TemplateBuilder::tr("项目名称"),
+                            TemplateBuilder::tr("结果"), TemplateBuilder::tr("单位"),
+                            TemplateBuilder::tr("提示"), TemplateBuilder::tr("参考区间")},
                            widths, flags, QPointF(margin, y), table->spacing());
     builder.line(QLineF(margin, y + 30, margin + width, y + 30), 1.0);
     builder.add(table, QStringLiteral("Results"), QPointF(margin, y + 34));
@@ -47,13 +48,13 @@ double resultsSection(TemplateBuilder& builder, double y)
 // Signatures, the remark and the disclaimer above the footer.
 void signatures(TemplateBuilder& builder, double remarkY)
 {
-    builder.labelledField(QStringLiteral("备注："), QStringLiteral("patient"), QStringLiteral("remark"),
+    builder.labelledField(TemplateBuilder::tr("备注："), QStringLiteral("patient"), QStringLiteral("remark"),
                           QPointF(margin, remarkY), 52, 600);
     const double y = builder.pageHeight() - 130;
-    PageFurniture::signature(builder, QStringLiteral("检验者："), QPointF(gridX[0], y));
-    PageFurniture::signature(builder, QStringLiteral("审核者："), QPointF(gridX[2], y));
+    PageFurniture::signature(builder, TemplateBuilder::tr("检验者："), QPointF(gridX[0], y));
+    PageFurniture::signature(builder, TemplateBuilder::tr("审核者："), QPointF(gridX[2], y));
     const double width = builder.pageWidth() - 2 * margin;
-    builder.text(QStringLiteral("本报告仅对所检测标本负责，如有疑问请于三日内与检验科联系。"),
+    builder.text(TemplateBuilder::tr("本报告仅对所检测标本负责，如有疑问请于三日内与检验科联系。"),
                  QPointF(margin, builder.pageHeight() - 104), {12, false, Qt::AlignHCenter, width});
 }
 
@@ -70,45 +71,53 @@ void finishPage(TemplateBuilder& builder, double y)
 
 void Layouts::patientReport(TemplateBuilder& builder)
 {
-    constexpr double label = 80; // the widest label, "送检医生："
-    double y = PageFurniture::header(builder, QStringLiteral("凝血检验报告单")) + 6;
-    labelled(builder, QStringLiteral("姓名："), QStringLiteral("name"), 0, y, label);
-    labelled(builder, QStringLiteral("性别："), QStringLiteral("sex"), 1, y, label);
+    // Room for the widest label, "送检医生：", or its translation.
+    const double label =
+        TemplateBuilder::labelWidth({TemplateBuilder::tr("送检医生："), TemplateBuilder::tr("样本类型："),
+                                     TemplateBuilder::tr("临床诊断："), TemplateBuilder::tr("采样时间："),
+                                     TemplateBuilder::tr("接收时间："), TemplateBuilder::tr("报告时间：")},
+                                    80);
+    double y = PageFurniture::header(builder, TemplateBuilder::tr("凝血检验报告单")) + 6;
+    labelled(builder, TemplateBuilder::tr("姓名："), QStringLiteral("name"), 0, y, label);
+    labelled(builder, TemplateBuilder::tr("性别："), QStringLiteral("sex"), 1, y, label);
     // The age sits right against its unit; both have room for the designer's placeholders.
-    builder.text(QStringLiteral("年龄："), QPointF(gridX[2], y), {14, false, Qt::AlignLeft, label});
+    builder.text(TemplateBuilder::tr("年龄："), QPointF(gridX[2], y), {14, false, Qt::AlignLeft, label});
     builder.field(QStringLiteral("patient"), QStringLiteral("age"), QPointF(gridX[2] + label, y),
                   {14, false, Qt::AlignRight, 64});
     builder.field(QStringLiteral("patient"), QStringLiteral("ageUnit"), QPointF(gridX[2] + label + 64, y),
                   {14, false, Qt::AlignLeft, gridX[3] - gridX[2] - label - 64});
     y += rowStep;
-    labelled(builder, QStringLiteral("样本号："), QStringLiteral("sampleNo"), 0, y, label);
-    labelled(builder, QStringLiteral("样本类型："), QStringLiteral("sampleKind"), 1, y, label);
-    labelled(builder, QStringLiteral("科室："), QStringLiteral("department"), 2, y, label);
+    labelled(builder, TemplateBuilder::tr("样本号："), QStringLiteral("sampleNo"), 0, y, label);
+    labelled(builder, TemplateBuilder::tr("样本类型："), QStringLiteral("sampleKind"), 1, y, label);
+    labelled(builder, TemplateBuilder::tr("科室："), QStringLiteral("department"), 2, y, label);
     y += rowStep;
-    labelled(builder, QStringLiteral("床号："), QStringLiteral("bed"), 0, y, label);
-    labelled(builder, QStringLiteral("送检医生："), QStringLiteral("doctor"), 1, y, label);
-    labelled(builder, QStringLiteral("采样时间："), QStringLiteral("collectTime"), 2, y, label);
+    labelled(builder, TemplateBuilder::tr("床号："), QStringLiteral("bed"), 0, y, label);
+    labelled(builder, TemplateBuilder::tr("送检医生："), QStringLiteral("doctor"), 1, y, label);
+    labelled(builder, TemplateBuilder::tr("采样时间："), QStringLiteral("collectTime"), 2, y, label);
     y += rowStep;
-    labelled(builder, QStringLiteral("临床诊断："), QStringLiteral("diagnosis"), 0, y, label, 2);
-    labelled(builder, QStringLiteral("接收时间："), QStringLiteral("receiveTime"), 2, y, label);
+    labelled(builder, TemplateBuilder::tr("临床诊断："), QStringLiteral("diagnosis"), 0, y, label, 2);
+    labelled(builder, TemplateBuilder::tr("接收时间："), QStringLiteral("receiveTime"), 2, y, label);
     y += rowStep;
-    labelled(builder, QStringLiteral("报告时间："), QStringLiteral("reportTime"), 2, y, label);
+    labelled(builder, TemplateBuilder::tr("报告时间："), QStringLiteral("reportTime"), 2, y, label);
     finishPage(builder, y + rowStep + 6);
 }
 
 void Layouts::qcSampleReport(TemplateBuilder& builder)
 {
-    constexpr double wide = 94; // "质控文件号：", the first column's labels
-    constexpr double label = 80;
-    double y = PageFurniture::header(builder, QStringLiteral("质控样本检验报告单")) + 6;
-    labelled(builder, QStringLiteral("质控品："), QStringLiteral("name"), 0, y, wide, 2);
-    labelled(builder, QStringLiteral("样本类型："), QStringLiteral("sampleKind"), 2, y, label);
+    const double wide = TemplateBuilder::labelWidth({TemplateBuilder::tr("质控文件号：")}, 94);
+    const double label =
+        TemplateBuilder::labelWidth({TemplateBuilder::tr("样本类型："), TemplateBuilder::tr("检验科室："),
+                                     TemplateBuilder::tr("测定时间："), TemplateBuilder::tr("报告时间：")},
+                                    80);
+    double y = PageFurniture::header(builder, TemplateBuilder::tr("质控样本检验报告单")) + 6;
+    labelled(builder, TemplateBuilder::tr("质控品："), QStringLiteral("name"), 0, y, wide, 2);
+    labelled(builder, TemplateBuilder::tr("样本类型："), QStringLiteral("sampleKind"), 2, y, label);
     y += rowStep;
-    labelled(builder, QStringLiteral("质控文件号："), QStringLiteral("sampleNo"), 0, y, wide);
-    labelled(builder, QStringLiteral("检验科室："), QStringLiteral("department"), 1, y, label);
-    labelled(builder, QStringLiteral("测定时间："), QStringLiteral("collectTime"), 2, y, label);
+    labelled(builder, TemplateBuilder::tr("质控文件号："), QStringLiteral("sampleNo"), 0, y, wide);
+    labelled(builder, TemplateBuilder::tr("检验科室："), QStringLiteral("department"), 1, y, label);
+    labelled(builder, TemplateBuilder::tr("测定时间："), QStringLiteral("collectTime"), 2, y, label);
     y += rowStep;
-    labelled(builder, QStringLiteral("报告时间："), QStringLiteral("reportTime"), 2, y, label);
+    labelled(builder, TemplateBuilder::tr("报告时间："), QStringLiteral("reportTime"), 2, y, label);
     finishPage(builder, y + rowStep + 6);
 }
 

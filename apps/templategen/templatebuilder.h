@@ -2,6 +2,7 @@
 
 #include <report.h>
 
+#include <QCoreApplication>
 #include <QFont>
 #include <QPointF>
 #include <QPolygonF>
@@ -27,6 +28,9 @@ struct TextStyle
 // stores for it, the way the designer would.
 class TemplateBuilder
 {
+    // Captions are Chinese; English templates are built with the English translation installed.
+    Q_DECLARE_TR_FUNCTIONS(coagulation::TemplateBuilder)
+
 public:
     explicit TemplateBuilder(Report* report);
 
@@ -36,6 +40,8 @@ public:
     double pageHeight() const { return m_report->sceneRect().height(); }
 
     static QFont font(int pixelSize, bool bold = false);
+    // The width a column of labels needs: `atLeast`, or more for a translation that is longer.
+    static double labelWidth(const QStringList& labels, double atLeast, int pixelSize = 14);
 
     ReportTextItem* text(const QString& text, const QPointF& pos, const TextStyle& style = TextStyle());
     // "[column name]" in the designer, the record's value when printed.

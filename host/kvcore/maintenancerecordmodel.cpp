@@ -3,29 +3,45 @@
 #include "maintenancerecords.h"
 #include "workbench.h"
 
+#include <QCoreApplication>
+
 namespace coagulation {
 
 namespace {
 
-// Results that say nothing beyond "done": the cell then only names the operator.
+// Results that say nothing beyond "done": the cell then only names the operator. Records are
+// written in the language of the laboratory, which need not be the session's.
 bool isNotable(const QString& result)
 {
-    return !result.isEmpty() && result != QStringLiteral("正常") && result != QStringLiteral("已完成");
+    for (const char* plain : {QT_TRANSLATE_NOOP("coagulation::MaintenanceRecordModel", "正常"),
+                              QT_TRANSLATE_NOOP("coagulation::MaintenanceRecordModel", "已完成")}) {
+        if (result == QLatin1String(plain) ||
+            result == QCoreApplication::translate("coagulation::MaintenanceRecordModel", plain))
+            return false;
+    }
+    return !result.isEmpty();
 }
 
-// Long task names break into lines of at most `width` characters, as even as can be, so that
-// the columns stay narrow.
+// Long task names break into lines of a few characters so that the columns stay narrow; names
+// made of words break between words.
 QString wrapped(const QString& text, int width)
 {
-    const qsizetype lines = qMax<qsizetype>(1, (text.size() + width - 1) / width);
-    const qsizetype perLine = (text.size() + lines - 1) / lines;
-    QString out;
-    for (qsizetype i = 0; i < text.size(); i += perLine) {
-        if (i > 0)
-            out += QLatin1Char('\n');
-        out += text.mid(i, perLine);
+    QStringList lines;
+    if (text.contains(QLatin1Char(' '))) {
+        for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+            if (!lines.isEmpty() && lines.last().size() + 1 + word.size() <= 2 * width)
+                lines.last() += QLatin1Char(' ') + word;
+            else
+                lines.append(word);
+        }
+        return lines.join(QLatin1Char('\n'));
     }
-    return out;
+    // As even as can be: seven characters break 4 + 3, not 6 + 1.
+    const qsizetype count = qMax<qsizetype>(1, (text.size() + width - 1) / width);
+    const qsizetype perLine = (text.size() + count - 1) / count;
+    for (qsizetype i = 0; i < text.size(); i += perLine)
+        lines.append(text.mid(i, perLine));
+    return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace
@@ -102,9 +118,10 @@ QVariant MaintenanceRecordModel::data(const QModelIndex& index, int role) const
     const Cell& cell = m_cells.at(index.row()).at(index.column());
     switch (role) {
     case Qt::DisplayRole: {
-        QString text = cell.operators.join(QStringLiteral("、"));
+        const QString separator = tr("、");
+        QString text = cell.operators.join(separator);
         if (!cell.notableResults.isEmpty())
-            text += QLatin1Char('\n') + cell.notableResults.join(QStringLiteral("、"));
+            text += QLatin1Char('\n') + cell.notableResults.join(separator);
         return text;
     }
     case NotableResultRole:

@@ -121,7 +121,7 @@ void TestTemplates::committedTemplatesAreTheGeneratedOnes_data()
 {
     QTest::addColumn<QString>("name");
     for (const DefaultTemplate& entry : DefaultTemplates::all())
-        QTest::newRow(qPrintable(entry.settingKey)) << entry.name;
+        QTest::newRow(qPrintable(entry.settingKey)) << entry.name();
 }
 
 void TestTemplates::committedTemplatesAreTheGeneratedOnes()
@@ -234,7 +234,8 @@ void TestTemplates::fieldsNameExistingColumns()
             QCOMPARE(parts.size(), 2);
             QVERIFY2(databases.contains(parts.at(0)), qPrintable(item->key()));
             const QSqlRecord columns = databases.value(parts.at(0)).record(parts.at(0));
-            QVERIFY2(columns.contains(parts.at(1)), qPrintable(entry.name + QLatin1Char(' ') + item->key()));
+            QVERIFY2(columns.contains(parts.at(1)),
+                     qPrintable(entry.name() + QLatin1Char(' ') + item->key()));
             // The designer shows the column's display name, not its raw name.
             auto* field = dynamic_cast<ReportFieldItem*>(item);
             QVERIFY(field);
@@ -254,10 +255,10 @@ void TestTemplates::longestValuesFitEveryTemplate()
         Report built(&designer, nullptr);
         DefaultTemplates::build(entry, &built);
         QVERIFY2(collisions(built).isEmpty(),
-                 qPrintable(entry.name + QLatin1Char(' ') + collisions(built).join(QStringLiteral(", "))));
+                 qPrintable(entry.name() + QLatin1Char(' ') + collisions(built).join(QStringLiteral(", "))));
 
         Report report(&m_profile, &factory);
-        QVERIFY(report.load(QDir(templateFolder()).filePath(entry.name + QStringLiteral(".rpt"))));
+        QVERIFY(report.load(QDir(templateFolder()).filePath(entry.name() + QStringLiteral(".rpt"))));
         std::unique_ptr<QcSeries> series = QcDataReader(&m_profile).read(1);
         QVERIFY(series);
         series->data()->reagentId = longest;
@@ -274,7 +275,7 @@ void TestTemplates::longestValuesFitEveryTemplate()
             } else {
                 report.prepareMaintenanceData(&month);
             }
-            QVERIFY2(collisions(report).isEmpty(), qPrintable(entry.name + QLatin1Char(' ') +
+            QVERIFY2(collisions(report).isEmpty(), qPrintable(entry.name() + QLatin1Char(' ') +
                                                               collisions(report).join(QStringLiteral(", "))));
         }
         for (ReportItem* item : report.reportItems()) {
