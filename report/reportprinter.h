@@ -8,6 +8,7 @@
 #include <QList>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 
 class QPainter;
 class QPrinter;
@@ -65,6 +66,8 @@ private:
         bool qcSampleTemplateLoaded = false;
         const MaintenanceExportData* maintenanceData = nullptr;
         bool printerFailed = false;
+        bool archival = false; // PDF/A-1b
+        QStringList subjects;  // what the printed pages are about, for the document title
     };
 
     bool hasWorkspace() const;
@@ -72,6 +75,7 @@ private:
     QString pickTemplate(kv::ReportType type, const QString& label, bool* ok);
     bool run(const Job& job, PageLoop pageLoop);
     bool beginPainting(QPainter& painter, QPrinter* printer);
+    void endPainting(QPainter& painter, QPrinter* printer);
     QString printerError(const QPrinter* printer) const;
 
     Workspace* m_workspace = nullptr;

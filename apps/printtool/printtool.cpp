@@ -181,6 +181,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
     }
 
     Profile* profile = workspace->profile();
+    if (arguments.archival)
+        profile->setValue(QStringLiteral("report/pdfa"), true, false);
     ReportSources sources(profile);
     // Every page is bound once before printing, so that nothing overprints unannounced.
     OverflowPreflight preflight(workspace);

@@ -27,6 +27,7 @@ const QList<OptionUse>& optionUses()
         {"dialog", printCommands},
         {"preview", printCommands},
         {"strict", printCommands},
+        {"pdfa", printCommands},
         {"from", {ToolArguments::Qc}},
         {"to", {ToolArguments::Qc}},
         {"month", {ToolArguments::Maintenance}},
@@ -47,6 +48,7 @@ void addOptions(QCommandLineParser& parser)
         {QStringLiteral("dialog"), QString()},
         {QStringLiteral("preview"), QString()},
         {QStringLiteral("strict"), QString()},
+        {QStringLiteral("pdfa"), QString()},
         {QStringLiteral("from"), QString(), QStringLiteral("date")},
         {QStringLiteral("to"), QString(), QStringLiteral("date")},
         {QStringLiteral("month"), QString(), QStringLiteral("month")},
@@ -94,6 +96,8 @@ QString ToolArguments::helpText()
         "  --preview              show a print preview, from which one can print\n"
         "  --strict               fail, printing nothing, when a page's content outgrows the room\n"
         "                         its template gives it (otherwise that is a warning)\n"
+        "  --pdfa                 write the PDF as PDF/A-1b, for archiving (for this run; the\n"
+        "                         profile's \"report/pdfa\" = true makes it the default)\n"
         "  --from DATE, --to DATE qc: only results measured in this range (yyyy-MM-dd)\n"
         "  --month MONTH          maintenance: the month, yyyy-MM (required)\n"
         "  --workbench ID         maintenance: the workbench (default: the first one)\n"
@@ -198,6 +202,7 @@ bool ToolArguments::parse(const QStringList& arguments)
     profileFile = parser.value(QStringLiteral("profile"));
     templateDirectory = parser.value(QStringLiteral("template-dir"));
     templateName = parser.value(QStringLiteral("template"));
+    archival = parser.isSet(QStringLiteral("pdfa"));
     if ((printCommands.contains(command) || command == Templates) && profileFile.isEmpty())
         return fail(QStringLiteral("The command '%1' needs a profile (--profile FILE)").arg(name));
 
