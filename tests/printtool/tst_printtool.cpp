@@ -400,7 +400,8 @@ void TestPrintTool::englishDemoHoldsNoChinese_data()
     QTest::newRow("maintenance") << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"),
                                                 QStringLiteral("2024-06")}
                                  << QStringList{QStringLiteral("Coagulation Analyser Maintenance Record"),
-                                                QStringLiteral("Operator:")};
+                                                QStringLiteral("Daily maintenance"),
+                                                QStringLiteral("Weekly maintenance")};
 }
 
 void TestPrintTool::englishDemoHoldsNoChinese()
