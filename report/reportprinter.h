@@ -20,7 +20,7 @@ class Report;
 
 // The host's printing back-end: prints patients' results, QC series and maintenance months
 // through the template chosen for each kind of printout, at once, after a print dialog or from a
-// maximised preview. Dialogs run through execDialog(), so tests and tools can answer them.
+// maximised preview.
 class REPORT_EXPORT ReportPrinter : public DataStorage
 {
     Q_OBJECT
@@ -72,7 +72,6 @@ private:
 
     bool hasWorkspace() const;
     bool loadTemplate(Report* report, kv::ReportType type, kv::SampleType sampleType);
-    QString pickTemplate(kv::ReportType type, const QString& label, bool* ok);
     bool run(const Job& job, PageLoop pageLoop);
     bool beginPainting(QPainter& painter, QPrinter* printer);
     void endPainting(QPainter& painter, QPrinter* printer);
