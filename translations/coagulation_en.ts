@@ -2163,6 +2163,65 @@ Do you want to save your changes?</translation>
     </message>
 </context>
 <context>
+    <name>coagulation::TemplateLimits</name>
+    <message>
+        <source>模板超出限制：%1不能超过 %2。</source>
+        <translation>The template exceeds a limit: %1 cannot exceed %2.</translation>
+    </message>
+    <message>
+        <source>模板中的项目数</source>
+        <translation>the number of items in a template</translation>
+    </message>
+    <message>
+        <source>一个表格的单元格数</source>
+        <translation>the number of cells of one table</translation>
+    </message>
+    <message>
+        <source>模板中所有表格的单元格数</source>
+        <translation>the number of cells of all tables in a template</translation>
+    </message>
+    <message>
+        <source>一个表格的列数</source>
+        <translation>the number of columns of one table</translation>
+    </message>
+    <message>
+        <source>多列表格的列块数</source>
+        <translation>the number of blocks of a multi-column table</translation>
+    </message>
+    <message>
+        <source>一张图片的像素数</source>
+        <translation>the number of pixels of one picture</translation>
+    </message>
+    <message>
+        <source>模板中所有图片的像素数</source>
+        <translation>the number of pixels of all pictures in a template</translation>
+    </message>
+    <message>
+        <source>一段文字的字符数</source>
+        <translation>the number of characters of one text</translation>
+    </message>
+    <message>
+        <source>模板中所有文字的字符数</source>
+        <translation>the number of characters of all texts in a template</translation>
+    </message>
+    <message>
+        <source>渐变的色标数</source>
+        <translation>the number of stops of a gradient</translation>
+    </message>
+    <message>
+        <source>HTML 单元格的跨行或跨列数</source>
+        <translation>the row or column span of an HTML cell</translation>
+    </message>
+    <message>
+        <source>HTML 元素的嵌套层数</source>
+        <translation>the nesting depth of HTML elements</translation>
+    </message>
+    <message>
+        <source>HTML 表格的嵌套层数</source>
+        <translation>the nesting depth of HTML tables</translation>
+    </message>
+</context>
+<context>
     <name>coagulation::TemplatePreview</name>
     <message>
         <source>没有可用的工作区</source>
