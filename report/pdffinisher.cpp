@@ -124,7 +124,7 @@ int fixTextLayer(QPDF& pdf)
         const std::optional<QRawFont> font = installedFont(
             baseFont.isName() ? QByteArray::fromStdString(baseFont.getName()).mid(1) : QByteArray());
         const int substitutes = font ? addSubstitutes(map, object, *font) : 0;
-        if (map.replaceRadicals(font ? &*font : nullptr) + substitutes == 0)
+        if (map.replaceRadicals(font ? &*font : nullptr) + map.replaceLigatures() + substitutes == 0)
             continue;
         const QByteArray cmap = map.toCMap();
         toUnicode.replaceStreamData(cmap.toStdString(), QPDFObjectHandle::newNull(),

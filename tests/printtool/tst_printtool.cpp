@@ -454,7 +454,7 @@ void TestPrintTool::englishDemoHoldsNoChinese_data()
                                        QStringLiteral("Upper stop limit"),
                                        QStringLiteral("QC count"),
                                        QStringLiteral("N240261"),
-                                       QStringLiteral("QC01"),
+                                       QStringLiteral("QC file no."),
                                        QStringLiteral("1-2s")};
     QTest::newRow("maintenance") << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"),
                                                 QStringLiteral("2024-06")}
