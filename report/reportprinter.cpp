@@ -1,6 +1,7 @@
 #include "reportprinter.h"
 
 #include "itemfactory.h"
+#include "printtimes_p.h"
 #include "report.h"
 #include "sqlwarning.h"
 
@@ -13,9 +14,9 @@
 #include <kvcore/workspace.h>
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QInputDialog>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -57,6 +58,23 @@ bool templateChoice(kv::ReportType type, kv::SampleType sampleType, TemplateChoi
 void renderPage(Report* report, QPainter* painter)
 {
     report->render(painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
+}
+
+// A PDF that was closed in full ends with its trailer's end-of-file marker.
+bool isCompletePdf(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly) || file.size() < 8)
+        return false;
+    file.seek(qMax<qint64>(0, file.size() - 64));
+    return file.read(64).trimmed().endsWith("%%EOF");
+}
+
+// A file the printer writes itself; a preview paints into pictures and writes no file.
+bool writesFile(QPrinter* printer)
+{
+    return printer->outputFormat() == QPrinter::PdfFormat && !printer->outputFileName().isEmpty() &&
+           printer->paintEngine()->type() != QPaintEngine::Picture;
 }
 
 } // namespace
@@ -236,6 +254,20 @@ bool ReportPrinter::beginPainting(QPainter& painter, QPrinter* printer)
     return false;
 }
 
+bool ReportPrinter::endPainting(QPainter& painter, QPrinter* printer)
+{
+    const bool ended = painter.end();
+    if (ended && printer->printerState() != QPrinter::Error &&
+        (!writesFile(printer) || isCompletePdf(printer->outputFileName())))
+        return true;
+    m_job.printerFailed = true;
+    information(writesFile(printer)
+                    ? tr("文件 %1 没有完整写出.").arg(QDir::toNativeSeparators(printer->outputFileName()))
+                    : tr("打印机 %1 报告了错误.").arg(printer->printerName()),
+                QMessageBox::Ok, QMessageBox::Ok);
+    return false;
+}
+
 QString ReportPrinter::printerError(const QPrinter* printer) const
 {
     if (printer->outputFormat() == QPrinter::PdfFormat && !printer->outputFileName().isEmpty())
@@ -248,19 +280,20 @@ QString ReportPrinter::printerError(const QPrinter* printer) const
 void ReportPrinter::printResult(QPrinter* printer)
 {
     WaitCursor cursor(Qt::WaitCursor);
+    // Reserved before the first page: a locked database fails the job before anything prints.
+    PrintTimes times(m_job.database);
+    if (!times.begin()) {
+        m_job.printerFailed = true;
+        information(times.errorString() + QLatin1Char('\n') + tr("没有打印任何报告."), QMessageBox::Ok,
+                    QMessageBox::Ok);
+        return;
+    }
     QPainter painter;
     if (!beginPainting(painter, printer))
         return;
-    QSqlQuery update(m_job.database);
-    if (!update.prepare(QStringLiteral("update patient set printTime=:time where id=:id")))
-        REPORT_SQL_WARNING(update.lastError());
     QSqlQuery select(m_job.database);
     if (!select.prepare(QStringLiteral("select sampleNo from patient where id=:id")))
         REPORT_SQL_WARNING(select.lastError());
-    // The print times of a job go in one transaction: committed one by one, each would cost the
-    // database a journal file and a sync to disk, more than rendering the page. A caller's own
-    // open transaction makes this fail, and then the times go into the caller's.
-    const bool ownTransaction = m_job.database.transaction();
 
     Profile* profile = m_workspace->profile();
     for (int i = 0; i < m_job.patientIds.size(); ++i) {
@@ -287,17 +320,15 @@ void ReportPrinter::printResult(QPrinter* printer)
         }
         page->fetchData(int(id), m_job.database);
         renderPage(page, &painter);
-
-        update.bindValue(QStringLiteral(":time"), QDateTime::currentDateTime().toString(Qt::ISODate));
-        update.bindValue(QStringLiteral(":id"), id);
-        if (!update.exec())
-            REPORT_SQL_WARNING(update.lastError());
+        times.write(id);
         if (i != m_job.patientIds.size() - 1)
             printer->newPage();
     }
-    if (ownTransaction && !m_job.database.commit())
-        REPORT_SQL_WARNING(m_job.database.lastError());
-    painter.end();
+    // The times stand only for pages that came out.
+    if (endPainting(painter, printer))
+        times.commit();
+    else
+        times.rollback();
 }
 
 void ReportPrinter::printQc(QPrinter* printer)
@@ -318,7 +349,7 @@ void ReportPrinter::printQc(QPrinter* printer)
             renderPage(m_job.report, &painter);
         }
     }
-    painter.end();
+    endPainting(painter, printer);
 }
 
 void ReportPrinter::printMaintenanceRecord(QPrinter* printer)
@@ -329,7 +360,7 @@ void ReportPrinter::printMaintenanceRecord(QPrinter* printer)
         return;
     m_job.report->prepareMaintenanceData(m_job.maintenanceData);
     renderPage(m_job.report, &painter);
-    painter.end();
+    endPainting(painter, printer);
 }
 
 } // namespace coagulation
