@@ -8,7 +8,7 @@ tool="$bin/coagulation-print"
 profile="$out/profile.ini"
 reports="$out/reports"
 
-"$tool" demo "$out"
+"$tool" demo "$out" --force
 # Five samples of one morning; number 13 is a QC sample and prints from the QC sample template.
 "$tool" patients 10 11 12 13 14 --profile "$profile" --output "$reports/patient-results.pdf"
 # The normal PT and APTT controls of June: each series on its own pages.

@@ -34,8 +34,10 @@ int main(int argc, char** argv)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     ToolArguments parsed;
     if (!parsed.parse(arguments)) {
-        std::fprintf(stderr, "coagulation-print: %s\nTry 'coagulation-print --help'.\n",
-                     parsed.errorString().toLocal8Bit().constData());
+        const QString hint = QCoreApplication::translate("coagulation::PrintTool", "用法见 '%1 --help'.")
+                                 .arg(QStringLiteral("coagulation-print"));
+        std::fprintf(stderr, "coagulation-print: %s\n%s\n", parsed.errorString().toLocal8Bit().constData(),
+                     hint.toLocal8Bit().constData());
         return PrintTool::UsageError;
     }
 
@@ -56,7 +58,11 @@ int main(int argc, char** argv)
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
 
     if (showsWindows && !InformationLog::isInteractive()) {
-        std::fprintf(stderr, "coagulation-print: --dialog and --preview need a display\n");
+        std::fprintf(
+            stderr, "coagulation-print: %s\n",
+            QCoreApplication::translate("coagulation::PrintTool", "--dialog 和 --preview 需要图形显示")
+                .toLocal8Bit()
+                .constData());
         return PrintTool::Failure;
     }
     return PrintTool().run(parsed);
