@@ -13,14 +13,9 @@
 namespace coagulation {
 
 namespace {
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("coagulation::DesignerDialogs", text);
-}
-
 QString templateFilter()
 {
-    return tr("报表模板 (*.%1);;所有文件 (*)").arg(Report::suffix);
+    return DesignerDialogs::tr("报表模板 (*.%1);;所有文件 (*)").arg(Report::suffix);
 }
 } // namespace
 

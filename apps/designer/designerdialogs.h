@@ -5,6 +5,7 @@
 #include <kvcore/reporttype.h>
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QMessageBox>
 #include <QString>
 
@@ -17,6 +18,8 @@ namespace coagulation {
 // block (see InformationLog::isInteractive) these defaults answer as if the user cancelled.
 class DesignerDialogs
 {
+    Q_DECLARE_TR_FUNCTIONS(coagulation::DesignerDialogs)
+
 public:
     virtual ~DesignerDialogs() = default;
 

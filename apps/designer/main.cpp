@@ -5,6 +5,7 @@
 
 #include <core/profile.h>
 #include <itemfactory.h>
+#include <language.h>
 #include <report.h>
 #include <reportitembase.h>
 
@@ -24,6 +25,11 @@ int main(int argc, char** argv)
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Coagulation"));
     QApplication::setApplicationName(QStringLiteral("coagulation-designer"));
+    QString languageError;
+    if (!Language::setUp(Language::fromArguments(QCoreApplication::arguments()), &languageError)) {
+        std::fprintf(stderr, "%s\n", qPrintable(languageError));
+        return 2;
+    }
 
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Report template designer"));
@@ -40,7 +46,7 @@ int main(int argc, char** argv)
     const QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
                                               QStringLiteral("Save a picture of the window and quit"),
                                               QStringLiteral("png"));
-    parser.addOptions({workspaceOption, selectOption, screenshotOption});
+    parser.addOptions({workspaceOption, selectOption, screenshotOption, Language::option()});
     parser.process(app);
 
     QString workspace = parser.value(workspaceOption);

@@ -20,11 +20,6 @@
 namespace coagulation {
 
 namespace {
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("coagulation::TemplatePreview", text);
-}
-
 // The profile keys under which the printer looks up its template for each report type.
 QStringList templateKeys(kv::ReportType type)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 class QWidget;
@@ -13,6 +14,8 @@ class Report;
 // workspace (a few patients, QC series or a month of maintenance) and opens its print preview.
 class TemplatePreview
 {
+    Q_DECLARE_TR_FUNCTIONS(coagulation::TemplatePreview)
+
 public:
     // The name under which the template is handed to the printer.
     static QString templateName() { return QStringLiteral("designer-preview"); }

@@ -3,9 +3,9 @@
 #include "toolarguments.h"
 
 #include <core/information.h>
+#include <language.h>
 
 #include <QApplication>
-#include <QLocale>
 
 #include <cstdio>
 
@@ -34,6 +34,11 @@ int main(int argc, char** argv)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     ToolArguments parsed;
     if (!parsed.parse(arguments)) {
+        // Said again in the user's language, which needs an application for its translations.
+        QCoreApplication core(argc, argv);
+        QString unknownLanguage;
+        if (Language::setUp(Language::fromArguments(arguments), &unknownLanguage))
+            parsed.parse(arguments);
         const QString hint = QCoreApplication::translate("coagulation::PrintTool", "用法见 '%1 --help'.")
                                  .arg(QStringLiteral("coagulation-print"));
         std::fprintf(stderr, "coagulation-print: %s\n%s\n", parsed.errorString().toLocal8Bit().constData(),
@@ -54,8 +59,11 @@ int main(int argc, char** argv)
         defaultHandler = qInstallMessageHandler(offscreenHandler);
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("coagulation-print"));
-    // The laboratory's reports show dates and times the Chinese way.
-    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
+    QString languageError;
+    if (!Language::setUp(parsed.language, &languageError)) {
+        std::fprintf(stderr, "coagulation-print: %s\n", qPrintable(languageError));
+        return PrintTool::Failure;
+    }
 
     if (showsWindows && !InformationLog::isInteractive()) {
         std::fprintf(

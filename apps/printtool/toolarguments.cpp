@@ -1,5 +1,7 @@
 #include "toolarguments.h"
 
+#include <language.h>
+
 #include <QCommandLineParser>
 
 namespace coagulation {
@@ -78,6 +80,12 @@ const QList<OptionSpec>& optionSpecs()
          QT_TRANSLATE_NOOP("coagulation::ToolArguments",
                            "文件夹不为空时也写入 (替换其中的数据库, 配置和模板)"),
          {ToolArguments::Demo}},
+        {{QStringLiteral("language")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "语言"),
+         QT_TRANSLATE_NOOP(
+             "coagulation::ToolArguments",
+             "界面, 报告以及演示模板和数据的语言: zh_CN (默认) 或 en (默认取自 LANGUAGE, LC_ALL 或 LANG)"),
+         {}},
         {{QStringLiteral("h"), QStringLiteral("help")},
          nullptr,
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "显示帮助"),
@@ -289,6 +297,11 @@ bool ToolArguments::parse(const QStringList& arguments)
         }
         return fail(tr("无法解析命令行"));
     }
+    language = parser.value(QStringLiteral("language"));
+    bool known = true;
+    Language::choose(language, &known);
+    if (!known)
+        return fail(tr("--language '%1' 不是 zh_CN 或 en").arg(language));
     version = parser.isSet(QStringLiteral("version"));
     help = parser.isSet(QStringLiteral("help"));
 

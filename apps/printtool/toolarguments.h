@@ -41,6 +41,7 @@ public:
     int demoPatients = 200;
     QString templateSource; // demo: where the default templates are copied from
     bool force = false;     // demo: into a folder that is not empty
+    QString language;       // empty: from the environment
 
 private:
     bool fail(const QString& message);

@@ -10,6 +10,7 @@
 #include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -87,6 +88,23 @@ bool execOn(const QString& databaseFile, const QString& sql)
     return ok;
 }
 
+// The text of a PDF as pdftotext finds it; empty when that fails.
+QString pdfText(const QString& fileName)
+{
+    QProcess process;
+    process.start(QStandardPaths::findExecutable(QStringLiteral("pdftotext")),
+                  {fileName, QStringLiteral("-")});
+    if (!process.waitForFinished(60000) || process.exitCode() != 0)
+        return QString();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+// The print date's month as an English session writes it ("Monday, November 23, 2026").
+QString englishMonth()
+{
+    return QLocale(QLocale::English).monthName(QDate::currentDate().month());
+}
+
 } // namespace
 
 class TestPrintTool : public QObject
@@ -113,6 +131,9 @@ private Q_SLOTS:
     void failedWritesKeepTheEarlierFile();
     void lockedDatabaseFailsTheJob();
     void demoKeepsAnExistingFolder();
+    void englishDemoHoldsNoChinese_data();
+    void englishDemoHoldsNoChinese();
+    void chineseTemplatePrintsInEnglishSession();
 
 private:
     QString path(const QString& name) const { return m_dir.filePath(name); }
@@ -137,8 +158,8 @@ void TestPrintTool::demoWorkspaceRemembersTheTemplates()
 {
     Profile workspace(profile());
     for (const DefaultTemplate& entry : DefaultTemplates::all()) {
-        QCOMPARE(workspace.value(entry.settingKey).toString(), entry.name);
-        QVERIFY(QFile::exists(path(QStringLiteral("demo/templates/%1.rpt").arg(entry.name))));
+        QCOMPARE(workspace.value(entry.settingKey).toString(), entry.name());
+        QVERIFY(QFile::exists(path(QStringLiteral("demo/templates/%1.rpt").arg(entry.name()))));
     }
     QSqlQuery query(workspace.dataDatabase());
     QVERIFY(query.exec(QStringLiteral("select count(*) from patient")));
@@ -228,7 +249,7 @@ void TestPrintTool::templatesAreListed()
     const Run run = runTool({QStringLiteral("templates"), QStringLiteral("-p"), profile()});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     for (const DefaultTemplate& entry : DefaultTemplates::all()) {
-        QVERIFY2(run.out.contains(entry.name), qPrintable(run.out));
+        QVERIFY2(run.out.contains(entry.name()), qPrintable(run.out));
         QVERIFY2(run.out.contains(entry.settingKey), qPrintable(run.out));
     }
 }
@@ -265,6 +286,9 @@ void TestPrintTool::badArgumentsAreRefused_data()
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), p, QStringLiteral("--month"),
                        QStringLiteral("2024-06")}
         << QStringLiteral("选项 --month 不适用于命令 'patients'");
+    QTest::newRow("unknown language") << QStringList{QStringLiteral("demo"), QStringLiteral("x"),
+                                                     QStringLiteral("--language"), QStringLiteral("fr")}
+                                      << QStringLiteral("--language 'fr' 不是 zh_CN 或 en");
     QTest::newRow("demo without folder")
         << QStringList{QStringLiteral("demo")} << QStringLiteral("需要且只需要一个文件夹");
     QTest::newRow("option without value")
@@ -388,7 +412,7 @@ void TestPrintTool::damagedTemplatesAreRefused_data()
     QByteArray good;
     for (const DefaultTemplate& entry : DefaultTemplates::all()) {
         if (entry.settingKey == QLatin1String("report/template"))
-            good = fileBytes(path(QStringLiteral("demo/templates/%1.rpt").arg(entry.name)));
+            good = fileBytes(path(QStringLiteral("demo/templates/%1.rpt").arg(entry.name())));
     }
     QVERIFY(good.size() > 1000);
     QTest::newRow("cut after the header") << good.left(41) << QStringLiteral("文件在第 1 个项目处被截断");
@@ -580,4 +604,82 @@ void TestPrintTool::demoKeepsAnExistingFolder()
 }
 
 QTEST_MAIN(TestPrintTool)
+void TestPrintTool::englishDemoHoldsNoChinese_data()
+{
+    QTest::addColumn<QStringList>("job");
+    QTest::addColumn<QStringList>("expected"); // English texts of template, data and locale
+    // Patients 1 to 3 and the first QC sample (its own template) of the English demo.
+    QTest::newRow("patients") << QStringList{QStringLiteral("patients"), QStringLiteral("1"),
+                                             QStringLiteral("2"), QStringLiteral("3"),
+                                             QStringLiteral("qcsample")}
+                              << QStringList{QStringLiteral("Coagulation Test Report"),
+                                             QStringLiteral("QC Sample Test Report"),
+                                             QStringLiteral("Example City General Hospital"),
+                                             QStringLiteral("Prothrombin time")};
+    QTest::newRow("qc") << QStringList{QStringLiteral("qc"),     QStringLiteral("1"),
+                                       QStringLiteral("--from"), QStringLiteral("2024-06-01"),
+                                       QStringLiteral("--to"),   QStringLiteral("2024-06-28")}
+                        << QStringList{QStringLiteral("Internal QC Report"),
+                                       QStringLiteral("Coagulation control plasma"),
+                                       QStringLiteral("Upper stop limit"), QStringLiteral("QC count")};
+    QTest::newRow("maintenance") << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"),
+                                                QStringLiteral("2024-06")}
+                                 << QStringList{QStringLiteral("Coagulation Analyser Maintenance Record"),
+                                                QStringLiteral("Operator:")};
+}
+
+void TestPrintTool::englishDemoHoldsNoChinese()
+{
+    QFETCH(QStringList, job);
+    QFETCH(QStringList, expected);
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
+        QSKIP("pdftotext is not installed");
+    const QString folder = path(QStringLiteral("english"));
+    const QString english = QDir(folder).filePath(QStringLiteral("profile.ini"));
+    if (!QFile::exists(english)) {
+        const Run demo = runTool({QStringLiteral("demo"), folder, QStringLiteral("--patients"),
+                                  QStringLiteral("30"), QStringLiteral("--language"), QStringLiteral("en")});
+        QVERIFY2(demo.exitCode == 0, qPrintable(demo.err));
+    }
+    const int qcSample = job.indexOf(QStringLiteral("qcsample"));
+    if (qcSample >= 0) {
+        Profile workspace(english);
+        QSqlQuery query(workspace.dataDatabase());
+        QVERIFY(query.exec(QStringLiteral("select min(id) from patient where department = 'Laboratory'")));
+        QVERIFY(query.next() && !query.value(0).isNull());
+        job[qcSample] = query.value(0).toString();
+    }
+
+    const QString pdf = QDir(folder).filePath(job.first() + QStringLiteral(".pdf"));
+    const Run run = runTool(job + QStringList{QStringLiteral("-p"), english, QStringLiteral("-o"), pdf,
+                                              QStringLiteral("--language"), QStringLiteral("en")});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    const QString text = pdfText(pdf);
+    static const QRegularExpression cjk(QStringLiteral("[\\x{2e80}-\\x{9fff}\\x{ff00}-\\x{ffef}]"));
+    const QRegularExpressionMatch chinese = cjk.match(text);
+    QVERIFY2(!chinese.hasMatch(), qPrintable(text.mid(qMax(0, int(chinese.capturedStart()) - 40), 80)));
+    for (const QString& phrase : expected)
+        QVERIFY2(text.contains(phrase), qPrintable(phrase));
+    QVERIFY2(text.contains(englishMonth()), qPrintable(text.right(200)));
+}
+
+// A template keeps its own captions whatever the session's language; the data and the date are the
+// workspace's and the session's.
+void TestPrintTool::chineseTemplatePrintsInEnglishSession()
+{
+    const QString pdf = path(QStringLiteral("out/chinese-template.pdf"));
+    const Run run = runTool({QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("-p"), profile(),
+                             QStringLiteral("-o"), pdf, QStringLiteral("--language"), QStringLiteral("en")});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
+        QSKIP("pdftotext is not installed");
+    // Some ideographs come out of the PDF as their radicals' compatibility characters.
+    const QString text = pdfText(pdf).normalized(QString::NormalizationForm_KC);
+    for (const QString& caption : {QStringLiteral("凝血检验报告单"), QStringLiteral("姓名："),
+                                   QStringLiteral("检验者："), QStringLiteral("本报告仅对所检测标本负责")})
+        QVERIFY2(text.contains(caption.normalized(QString::NormalizationForm_KC)),
+                 qPrintable(caption + QLatin1Char('\n') + text));
+    QVERIFY2(text.contains(englishMonth()), qPrintable(text.right(200)));
+}
+
 #include "tst_printtool.moc"
