@@ -1,6 +1,7 @@
 #include "reportprinter.h"
 
 #include "itemfactory.h"
+#include "pdffinisher_p.h"
 #include "printtimes_p.h"
 #include "report.h"
 #include "sqlwarning.h"
@@ -15,14 +16,21 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QGraphicsProxyWidget>
 #include <QInputDialog>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPicture>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <QScreen>
 #include <QSqlQuery>
+#include <QSqlRecord>
+
+#include <algorithm>
 
 namespace coagulation {
 
@@ -55,9 +63,43 @@ bool templateChoice(kv::ReportType type, kv::SampleType sampleType, TemplateChoi
     }
 }
 
+const QString archivalKey = QStringLiteral("report/pdfa");
+
+bool holdsWidgets(const Report* report)
+{
+    const QList<QGraphicsItem*> items = report->items();
+    return std::any_of(items.cbegin(), items.cend(), [](const QGraphicsItem* item) {
+        return item->isVisible() && qgraphicsitem_cast<const QGraphicsProxyWidget*>(item);
+    });
+}
+
 void renderPage(Report* report, QPainter* painter)
 {
-    report->render(painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
+    if (!holdsWidgets(report)) {
+        report->render(painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
+        return;
+    }
+    // Qt renders a widget onto a printer through a pixmap. Recorded into a picture first, the
+    // embedded widgets paint their text and lines as they do on screen, and the page stays vectors.
+    // A picture plays back scaled from its own resolution to the device's, so it is recorded at its own.
+    const QPaintDevice* device = painter->device();
+    QPicture picture;
+    const QRectF target(0, 0, device->width() * qreal(picture.logicalDpiX()) / device->logicalDpiX(),
+                        device->height() * qreal(picture.logicalDpiY()) / device->logicalDpiY());
+    QPainter recorder(&picture);
+    report->render(&recorder, target, QRectF(), Qt::KeepAspectRatio);
+    recorder.end();
+    painter->drawPicture(0, 0, picture);
+}
+
+// "S1, S2, S3" for a few, "S1 … S9 (9)" for many.
+QString subjectsText(QStringList subjects)
+{
+    subjects.removeDuplicates();
+    subjects.removeAll(QString());
+    if (subjects.size() > 5)
+        return QStringLiteral("%1 … %2 (%3)").arg(subjects.first(), subjects.last()).arg(subjects.size());
+    return subjects.join(QStringLiteral(", "));
 }
 
 // A PDF that was closed in full ends with its trailer's end-of-file marker.
@@ -68,13 +110,6 @@ bool isCompletePdf(const QString& fileName)
         return false;
     file.seek(qMax<qint64>(0, file.size() - 64));
     return file.read(64).trimmed().endsWith("%%EOF");
-}
-
-// A file the printer writes itself; a preview paints into pictures and writes no file.
-bool writesFile(QPrinter* printer)
-{
-    return printer->outputFormat() == QPrinter::PdfFormat && !printer->outputFileName().isEmpty() &&
-           printer->paintEngine()->type() != QPaintEngine::Picture;
 }
 
 } // namespace
@@ -216,10 +251,19 @@ bool ReportPrinter::run(const Job& job, PageLoop pageLoop)
     if (pageLoop == &ReportPrinter::printResult)
         printer.setPrintRange(QPrinter::AllPages);
     m_job.report->setupPrinter(&printer);
+    m_job.archival = m_workspace->profile()->value(archivalKey).toBool();
+    if (m_job.archival)
+        printer.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
 
     switch (m_job.storeMode) {
     case StorePreview: {
         QPrintPreviewDialog preview(&printer, topLevelWidget(), Qt::Window);
+        // Where nothing maximises the window (no window manager) it must still open large,
+        // showing whole pages.
+        if (const QScreen* screen = preview.screen())
+            preview.resize(screen->availableGeometry().size() * 0.85);
+        if (auto* pages = preview.findChild<QPrintPreviewWidget*>())
+            pages->fitInView();
         preview.setWindowState((preview.windowState() & ~(Qt::WindowMinimized | Qt::WindowFullScreen)) |
                                Qt::WindowMaximized);
         connect(&preview, &QPrintPreviewDialog::paintRequested, this, pageLoop);
@@ -256,15 +300,33 @@ bool ReportPrinter::beginPainting(QPainter& painter, QPrinter* printer)
 
 bool ReportPrinter::endPainting(QPainter& painter, QPrinter* printer)
 {
-    const bool ended = painter.end();
-    if (ended && printer->printerState() != QPrinter::Error &&
-        (!writesFile(printer) || isCompletePdf(printer->outputFileName())))
+    if (!painter.end() || printer->printerState() == QPrinter::Error) {
+        m_job.printerFailed = true;
+        information(tr("打印机 %1 报告了错误.").arg(printer->printerName()), QMessageBox::Ok,
+                    QMessageBox::Ok);
+        return false;
+    }
+    // Only a PDF file is finished and checked: a preview paints on the same printer without writing one.
+    if (printer->outputFormat() != QPrinter::PdfFormat || printer->outputFileName().isEmpty() ||
+        !printer->paintEngine() || printer->paintEngine()->type() != QPaintEngine::Pdf)
         return true;
+    PdfDocumentInfo info;
+    info.title = QStringList{Report::typeName(m_job.report->type()), subjectsText(m_job.subjects)}
+                     .join(QLatin1Char(' '))
+                     .trimmed();
+    info.author = m_workspace->profile()->value(QStringLiteral("hospital")).toString();
+    info.creator = QStringLiteral("CoagulationReport " COAGULATION_REPORT_VERSION);
+    info.archival = m_job.archival;
+    // Complete as Qt wrote it, finished, and complete again as finished.
+    const QString fileName = printer->outputFileName();
+    QString error;
+    if (isCompletePdf(fileName) && PdfFinisher::finish(fileName, info, &error) && isCompletePdf(fileName))
+        return true;
+    if (!error.isEmpty())
+        qWarning("ReportPrinter: cannot finish %s: %s", qPrintable(fileName), qPrintable(error));
     m_job.printerFailed = true;
-    information(writesFile(printer)
-                    ? tr("文件 %1 没有完整写出.").arg(QDir::toNativeSeparators(printer->outputFileName()))
-                    : tr("打印机 %1 报告了错误.").arg(printer->printerName()),
-                QMessageBox::Ok, QMessageBox::Ok);
+    information(tr("文件 %1 没有完整写出.").arg(QDir::toNativeSeparators(fileName)), QMessageBox::Ok,
+                QMessageBox::Ok);
     return false;
 }
 
@@ -294,6 +356,7 @@ void ReportPrinter::printResult(QPrinter* printer)
     QSqlQuery select(m_job.database);
     if (!select.prepare(QStringLiteral("select sampleNo from patient where id=:id")))
         REPORT_SQL_WARNING(select.lastError());
+    m_job.subjects.clear();
 
     Profile* profile = m_workspace->profile();
     for (int i = 0; i < m_job.patientIds.size(); ++i) {
@@ -320,6 +383,7 @@ void ReportPrinter::printResult(QPrinter* printer)
         }
         page->fetchData(int(id), m_job.database);
         renderPage(page, &painter);
+        m_job.subjects.append(sampleNo.trimmed());
         times.write(id);
         if (i != m_job.patientIds.size() - 1)
             printer->newPage();
@@ -338,6 +402,7 @@ void ReportPrinter::printQc(QPrinter* printer)
     if (!beginPainting(painter, printer))
         return;
     int pagesPrinted = 0;
+    m_job.subjects.clear();
     for (QcExportData* data : std::as_const(m_job.qcData)) {
         m_job.report->prepareQcData(data);
         // Items may raise the page count while they prepare or fetch, so it is read every page.
@@ -347,6 +412,11 @@ void ReportPrinter::printQc(QPrinter* printer)
             m_job.report->setCurrentPage(page);
             m_job.report->fetchQcData(data);
             renderPage(m_job.report, &painter);
+            const QSqlRecord reagent = m_job.report->record(QStringLiteral("reagent"));
+            m_job.subjects.append(QStringList{reagent.value(QStringLiteral("name")).toString(),
+                                              reagent.value(QStringLiteral("lot")).toString()}
+                                      .join(QLatin1Char(' '))
+                                      .trimmed());
         }
     }
     endPainting(painter, printer);
@@ -358,6 +428,8 @@ void ReportPrinter::printMaintenanceRecord(QPrinter* printer)
     QPainter painter;
     if (!beginPainting(painter, printer))
         return;
+    if (m_job.maintenanceData)
+        m_job.subjects = QStringList{m_job.maintenanceData->month.toString(QStringLiteral("yyyy-MM"))};
     m_job.report->prepareMaintenanceData(m_job.maintenanceData);
     renderPage(m_job.report, &painter);
     endPainting(painter, printer);

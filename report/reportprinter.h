@@ -8,6 +8,7 @@
 #include <QList>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 
 class QPainter;
 class QPrinter;
@@ -66,6 +67,8 @@ private:
         bool qcSampleTemplateLoaded = false;
         const MaintenanceExportData* maintenanceData = nullptr;
         bool printerFailed = false;
+        bool archival = false; // PDF/A-1b
+        QStringList subjects;  // what the printed pages are about, for the document title
     };
 
     bool hasWorkspace() const;

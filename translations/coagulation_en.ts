@@ -9,6 +9,32 @@
     </message>
 </context>
 <context>
+    <name>coagulation::CommandNamer</name>
+    <message>
+        <source>新建 %1</source>
+        <translation>New %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>移动 %n 项</source>
+        <translation>
+            <numerusform>Move %n item</numerusform>
+            <numerusform>Move %n items</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>调整大小</source>
+        <translation>Resize</translation>
+    </message>
+    <message>
+        <source>编辑文字</source>
+        <translation>Edit text</translation>
+    </message>
+    <message>
+        <source>删除</source>
+        <translation>Delete</translation>
+    </message>
+</context>
+<context>
     <name>coagulation::DesignerDialogs</name>
     <message>
         <source>报表模板 (*.%1);;所有文件 (*)</source>
@@ -43,6 +69,33 @@ Do you want to save your changes?</translation>
     <message>
         <source>选择工作区</source>
         <translation>Choose Workspace</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::DesignerMain</name>
+    <message>
+        <source>报表模板设计器</source>
+        <translation>Report template designer</translation>
+    </message>
+    <message>
+        <source>要打开的模板 (.rpt)</source>
+        <translation>A template (.rpt) to open</translation>
+    </message>
+    <message>
+        <source>工作区文件夹 (profile.ini 及其数据库)：预览用其数据，工具用其列名；默认为 $COAGULATION_WORKSPACE，否则为 out/demo</source>
+        <translation>Workspace folder (profile.ini and its databases) whose data fills previews and whose column names the tools offer; default $COAGULATION_WORKSPACE, else out/demo</translation>
+    </message>
+    <message>
+        <source>选中此序号的项目 (最上层为 0)</source>
+        <translation>Select the item with this index (topmost first, from 0)</translation>
+    </message>
+    <message>
+        <source>保存窗口截图后退出</source>
+        <translation>Save a picture of the window and quit</translation>
+    </message>
+    <message>
+        <source>%1 中没有工作区：数据字段和预览需要工作区 (make demo 会创建一个)</source>
+        <translation>No workspace at %1: data fields and previews need one (make demo creates it)</translation>
     </message>
 </context>
 <context>
@@ -152,10 +205,6 @@ Do you want to save your changes?</translation>
         <translation>Toolbox</translation>
     </message>
     <message>
-        <source>位置和大小</source>
-        <translation>Position and Size</translation>
-    </message>
-    <message>
         <source>操作历史</source>
         <translation>History</translation>
     </message>
@@ -194,6 +243,98 @@ Do you want to save your changes?</translation>
     <message>
         <source>工作区 %1 中没有配置文件 %2</source>
         <translation>The workspace %1 has no profile %2</translation>
+    </message>
+    <message>
+        <source>%1, %2 毫米</source>
+        <translation>%1, %2 mm</translation>
+    </message>
+    <message>
+        <source>左对齐(&amp;L)</source>
+        <translation>Align &amp;Left</translation>
+    </message>
+    <message>
+        <source>水平居中(&amp;C)</source>
+        <translation>Align &amp;Centre</translation>
+    </message>
+    <message>
+        <source>右对齐(&amp;R)</source>
+        <translation>Align &amp;Right</translation>
+    </message>
+    <message>
+        <source>顶端对齐(&amp;T)</source>
+        <translation>Align &amp;Top</translation>
+    </message>
+    <message>
+        <source>垂直居中(&amp;M)</source>
+        <translation>Align &amp;Middle</translation>
+    </message>
+    <message>
+        <source>底端对齐(&amp;B)</source>
+        <translation>Align &amp;Bottom</translation>
+    </message>
+    <message>
+        <source>水平均匀分布(&amp;H)</source>
+        <translation>Distribute &amp;Horizontally</translation>
+    </message>
+    <message>
+        <source>垂直均匀分布(&amp;V)</source>
+        <translation>Distribute &amp;Vertically</translation>
+    </message>
+    <message>
+        <source>相同宽度(&amp;W)</source>
+        <translation>Same &amp;Width</translation>
+    </message>
+    <message>
+        <source>相同高度(&amp;E)</source>
+        <translation>Same H&amp;eight</translation>
+    </message>
+    <message>
+        <source>置于顶层(&amp;F)</source>
+        <translation>Bring to &amp;Front</translation>
+    </message>
+    <message>
+        <source>置于底层(&amp;K)</source>
+        <translation>Send to Bac&amp;k</translation>
+    </message>
+    <message>
+        <source>属性(&amp;P)...</source>
+        <translation>&amp;Properties...</translation>
+    </message>
+    <message>
+        <source>对齐网格(&amp;S)</source>
+        <translation>&amp;Snap to Grid</translation>
+    </message>
+    <message>
+        <source>网格大小(&amp;G)</source>
+        <translation>&amp;Grid Size</translation>
+    </message>
+    <message>
+        <source>默认 (10 像素)</source>
+        <translation>Default (10 pixels)</translation>
+    </message>
+    <message>
+        <source>%1 毫米</source>
+        <translation>%1 mm</translation>
+    </message>
+    <message>
+        <source>页边距参考线(&amp;M)</source>
+        <translation>&amp;Margin Guides</translation>
+    </message>
+    <message>
+        <source>排列(&amp;A)</source>
+        <translation>&amp;Arrange</translation>
+    </message>
+    <message>
+        <source>顺序(&amp;O)</source>
+        <translation>&amp;Order</translation>
+    </message>
+    <message>
+        <source>属性</source>
+        <translation>Properties</translation>
+    </message>
+    <message>
+        <source>项目列表</source>
+        <translation>Items</translation>
     </message>
 </context>
 <context>
@@ -251,72 +392,12 @@ Do you want to save your changes?</translation>
         <translation>Line style</translation>
     </message>
     <message>
-        <source>无</source>
-        <translation>None</translation>
-    </message>
-    <message>
-        <source>实线</source>
-        <translation>Solid</translation>
-    </message>
-    <message>
-        <source>虚线</source>
-        <translation>Dashed</translation>
-    </message>
-    <message>
-        <source>点线</source>
-        <translation>Dotted</translation>
-    </message>
-    <message>
-        <source>点划线</source>
-        <translation>Dash-dot</translation>
-    </message>
-    <message>
-        <source>双点划线</source>
-        <translation>Dash-dot-dot</translation>
-    </message>
-    <message>
         <source>填充颜色</source>
         <translation>Fill colour</translation>
     </message>
     <message>
         <source>填充样式</source>
         <translation>Fill pattern</translation>
-    </message>
-    <message>
-        <source>无填充</source>
-        <translation>No fill</translation>
-    </message>
-    <message>
-        <source>实心</source>
-        <translation>Solid</translation>
-    </message>
-    <message>
-        <source>网点</source>
-        <translation>Dots</translation>
-    </message>
-    <message>
-        <source>横线</source>
-        <translation>Horizontal lines</translation>
-    </message>
-    <message>
-        <source>竖线</source>
-        <translation>Vertical lines</translation>
-    </message>
-    <message>
-        <source>网格</source>
-        <translation>Grid</translation>
-    </message>
-    <message>
-        <source>斜线</source>
-        <translation>Diagonal lines</translation>
-    </message>
-    <message>
-        <source>斜网格</source>
-        <translation>Diagonal grid</translation>
-    </message>
-    <message>
-        <source>对齐</source>
-        <translation>Alignment</translation>
     </message>
 </context>
 <context>
@@ -351,6 +432,21 @@ Do you want to save your changes?</translation>
     <message>
         <source>所有格式(%1);;所有文件(*.*)</source>
         <translation>All formats(%1);;All files(*.*)</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::ItemDescription</name>
+    <message>
+        <source>数据字段</source>
+        <translation>Data field</translation>
+    </message>
+    <message>
+        <source>报表属性</source>
+        <translation>Report property</translation>
+    </message>
+    <message>
+        <source>配置信息</source>
+        <translation>Profile value</translation>
     </message>
 </context>
 <context>
@@ -406,6 +502,21 @@ Do you want to save your changes?</translation>
     <message>
         <source>维护记录</source>
         <translation>Maintenance record</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::ItemOutline</name>
+    <message>
+        <source>类型</source>
+        <translation>Kind</translation>
+    </message>
+    <message>
+        <source>键</source>
+        <translation>Key</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>Name</translation>
     </message>
 </context>
 <context>
@@ -1014,6 +1125,11 @@ Do you want to save your changes?</translation>
         <source>示例医疗器械有限公司</source>
         <translation>Example Medical Devices Ltd.</translation>
     </message>
+    <message>
+        <source>%1(%2)</source>
+        <comment>control material (level)</comment>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>coagulation::Language</name>
@@ -1126,12 +1242,78 @@ Do you want to save your changes?</translation>
         <source>方向:</source>
         <translation>Orientation:</translation>
     </message>
+    <message>
+        <source>左</source>
+        <translation>Left</translation>
+    </message>
+    <message>
+        <source>上</source>
+        <translation>Top</translation>
+    </message>
+    <message>
+        <source>右</source>
+        <translation>Right</translation>
+    </message>
+    <message>
+        <source>下</source>
+        <translation>Bottom</translation>
+    </message>
+    <message>
+        <source>页边距参考线:</source>
+        <translation>Margin guides:</translation>
+    </message>
 </context>
 <context>
     <name>coagulation::PatientTableCreator</name>
     <message>
         <source>结果</source>
         <translation>Result</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::PreviewDialog</name>
+    <message>
+        <source>打印预览</source>
+        <translation>Print Preview</translation>
+    </message>
+    <message>
+        <source>维护月份:</source>
+        <translation>Maintenance month:</translation>
+    </message>
+    <message>
+        <source>质控品:</source>
+        <translation>Controls:</translation>
+    </message>
+    <message>
+        <source>样本:</source>
+        <translation>Samples:</translation>
+    </message>
+    <message>
+        <source>从:</source>
+        <translation>From:</translation>
+    </message>
+    <message>
+        <source>到:</source>
+        <translation>To:</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::PreviewWorkspace</name>
+    <message>
+        <source>无法创建临时文件夹：%1</source>
+        <translation>Cannot create a temporary folder: %1</translation>
+    </message>
+    <message>
+        <source>无法复制配置文件 %1</source>
+        <translation>Cannot copy the settings file %1</translation>
+    </message>
+    <message>
+        <source>工作区缺少数据库文件 %1</source>
+        <translation>The workspace lacks the database file %1</translation>
+    </message>
+    <message>
+        <source>无法复制数据库文件 %1</source>
+        <translation>Cannot copy the database file %1</translation>
     </message>
 </context>
 <context>
@@ -1320,6 +1502,96 @@ Do you want to save your changes?</translation>
     </message>
 </context>
 <context>
+    <name>coagulation::PropertyPanel</name>
+    <message>
+        <source>未选中项目</source>
+        <translation>No item selected</translation>
+    </message>
+    <message>
+        <source>粗体</source>
+        <translation>Bold</translation>
+    </message>
+    <message>
+        <source>斜体</source>
+        <translation>Italic</translation>
+    </message>
+    <message>
+        <source>下划线</source>
+        <translation>Underline</translation>
+    </message>
+    <message>
+        <source> 像素</source>
+        <translation> px</translation>
+    </message>
+    <message>
+        <source>左对齐</source>
+        <translation>Align left</translation>
+    </message>
+    <message>
+        <source>居中</source>
+        <translation>Centre</translation>
+    </message>
+    <message>
+        <source>右对齐</source>
+        <translation>Align right</translation>
+    </message>
+    <message>
+        <source>线条颜色</source>
+        <translation>Line colour</translation>
+    </message>
+    <message>
+        <source>填充颜色</source>
+        <translation>Fill colour</translation>
+    </message>
+    <message>
+        <source>类型:</source>
+        <translation>Kind:</translation>
+    </message>
+    <message>
+        <source>内容:</source>
+        <translation>Shows:</translation>
+    </message>
+    <message>
+        <source>文本:</source>
+        <translation>Text:</translation>
+    </message>
+    <message>
+        <source>字体:</source>
+        <translation>Font:</translation>
+    </message>
+    <message>
+        <source>字号:</source>
+        <translation>Size:</translation>
+    </message>
+    <message>
+        <source>字形:</source>
+        <translation>Style:</translation>
+    </message>
+    <message>
+        <source>对齐:</source>
+        <translation>Alignment:</translation>
+    </message>
+    <message>
+        <source>线条:</source>
+        <translation>Line:</translation>
+    </message>
+    <message>
+        <source>填充:</source>
+        <translation>Fill:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n 项</source>
+        <translation>
+            <numerusform>%n item</numerusform>
+            <numerusform>%n items</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>编辑文字</source>
+        <translation>Edit text</translation>
+    </message>
+</context>
+<context>
     <name>coagulation::QcChartCreator</name>
     <message>
         <source>质控图</source>
@@ -1413,6 +1685,57 @@ Do you want to save your changes?</translation>
     </message>
 </context>
 <context>
+    <name>coagulation::ReportArranger</name>
+    <message>
+        <source>左对齐</source>
+        <translation>Align left</translation>
+    </message>
+    <message>
+        <source>水平居中</source>
+        <translation>Align centre</translation>
+    </message>
+    <message>
+        <source>右对齐</source>
+        <translation>Align right</translation>
+    </message>
+    <message>
+        <source>顶端对齐</source>
+        <translation>Align top</translation>
+    </message>
+    <message>
+        <source>垂直居中</source>
+        <translation>Align middle</translation>
+    </message>
+    <message>
+        <source>底端对齐</source>
+        <translation>Align bottom</translation>
+    </message>
+    <message>
+        <source>水平均匀分布</source>
+        <translation>Distribute horizontally</translation>
+    </message>
+    <message>
+        <source>垂直均匀分布</source>
+        <translation>Distribute vertically</translation>
+    </message>
+    <message>
+        <source>相同宽度</source>
+        <translation>Same width</translation>
+    </message>
+    <message>
+        <source>相同高度</source>
+        <translation>Same height</translation>
+    </message>
+    <message>
+        <source>置于顶层</source>
+        <translation>Bring to front</translation>
+    </message>
+    <message>
+        <source>置于底层</source>
+        <translation>Send to back</translation>
+    </message>
+</context>
+<context>
     <name>coagulation::ReportEditor</name>
     <message>
         <source>删除</source>
@@ -1422,12 +1745,19 @@ Do you want to save your changes?</translation>
         <source>粘贴</source>
         <translation>Paste</translation>
     </message>
-    <message>
-        <source>移动</source>
-        <translation>Move</translation>
+    <message numerus="yes">
+        <source>移动 %n 项</source>
+        <translation>
+            <numerusform>Move %n item</numerusform>
+            <numerusform>Move %n items</numerusform>
+        </translation>
     </message>
     <message>
-        <source>改变大小</source>
+        <source>更改内容</source>
+        <translation>Change what it shows</translation>
+    </message>
+    <message>
+        <source>调整大小</source>
         <translation>Resize</translation>
     </message>
 </context>
@@ -1525,12 +1855,12 @@ Do you want to save your changes?</translation>
         <translation>Another program is writing to the database; after waiting %1 seconds the print times still cannot be recorded</translation>
     </message>
     <message>
-        <source>文件 %1 没有完整写出.</source>
-        <translation>The file %1 was not written completely.</translation>
-    </message>
-    <message>
         <source>打印机 %1 报告了错误.</source>
         <translation>The printer %1 reported an error.</translation>
+    </message>
+    <message>
+        <source>文件 %1 没有完整写出.</source>
+        <translation>The file %1 was not written completely.</translation>
     </message>
     <message>
         <source>没有打印任何报告.</source>
@@ -1659,6 +1989,109 @@ Do you want to save your changes?</translation>
     <message>
         <source>结果</source>
         <translation>Result</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::StyleEditor</name>
+    <message>
+        <source>无</source>
+        <translation>None</translation>
+    </message>
+    <message>
+        <source>实线</source>
+        <translation>Solid</translation>
+    </message>
+    <message>
+        <source>虚线</source>
+        <translation>Dashed</translation>
+    </message>
+    <message>
+        <source>点线</source>
+        <translation>Dotted</translation>
+    </message>
+    <message>
+        <source>点划线</source>
+        <translation>Dash-dot</translation>
+    </message>
+    <message>
+        <source>双点划线</source>
+        <translation>Dash-dot-dot</translation>
+    </message>
+    <message>
+        <source>无填充</source>
+        <translation>No fill</translation>
+    </message>
+    <message>
+        <source>实心</source>
+        <translation>Solid</translation>
+    </message>
+    <message>
+        <source>网点</source>
+        <translation>Dots</translation>
+    </message>
+    <message>
+        <source>横线</source>
+        <translation>Horizontal lines</translation>
+    </message>
+    <message>
+        <source>竖线</source>
+        <translation>Vertical lines</translation>
+    </message>
+    <message>
+        <source>网格</source>
+        <translation>Grid</translation>
+    </message>
+    <message>
+        <source>斜线</source>
+        <translation>Diagonal lines</translation>
+    </message>
+    <message>
+        <source>斜网格</source>
+        <translation>Diagonal grid</translation>
+    </message>
+    <message>
+        <source>字体</source>
+        <translation>Font</translation>
+    </message>
+    <message>
+        <source>字号</source>
+        <translation>Font size</translation>
+    </message>
+    <message>
+        <source>加粗</source>
+        <translation>Bold</translation>
+    </message>
+    <message>
+        <source>斜体</source>
+        <translation>Italic</translation>
+    </message>
+    <message>
+        <source>下划线</source>
+        <translation>Underline</translation>
+    </message>
+    <message>
+        <source>对齐</source>
+        <translation>Alignment</translation>
+    </message>
+    <message>
+        <source>线条颜色</source>
+        <translation>Line colour</translation>
+    </message>
+    <message>
+        <source>线宽</source>
+        <translation>Line width</translation>
+    </message>
+    <message>
+        <source>线型</source>
+        <translation>Line style</translation>
+    </message>
+    <message>
+        <source>填充颜色</source>
+        <translation>Fill colour</translation>
+    </message>
+    <message>
+        <source>填充样式</source>
+        <translation>Fill style</translation>
     </message>
 </context>
 <context>
@@ -1952,12 +2385,12 @@ Do you want to save your changes?</translation>
         <translation>The workspace holds no patient results</translation>
     </message>
     <message>
-        <source>工作区中没有质控数据</source>
-        <translation>The workspace holds no QC data</translation>
-    </message>
-    <message>
         <source>工作区中没有维护记录</source>
         <translation>The workspace holds no maintenance records</translation>
+    </message>
+    <message>
+        <source>所选质控品在所选日期内没有质控数据</source>
+        <translation>The chosen controls have no QC results in the chosen dates</translation>
     </message>
 </context>
 <context>
@@ -2004,6 +2437,10 @@ Do you want to save your changes?</translation>
     <message>
         <source>显示打印预览, 可从中打印</source>
         <translation>show a print preview, from which one can print</translation>
+    </message>
+    <message>
+        <source>把 PDF 写成 PDF/A-1b 以便归档 (只对本次运行; 配置中 &quot;report/pdfa&quot; = true 时为默认)</source>
+        <translation>write the PDF as PDF/A-1b, for archiving (for this run; the profile&apos;s &quot;report/pdfa&quot; = true makes it the default)</translation>
     </message>
     <message>
         <source>日期</source>

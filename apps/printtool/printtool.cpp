@@ -249,6 +249,8 @@ int PrintTool::print(const ToolArguments& arguments, ReportPrinter* printer, Wor
     if (!checkTemplate(QString::fromLatin1(job.settingKey), printer, workspace, &patientColumns))
         return Failure;
     Profile* profile = workspace->profile();
+    if (arguments.archival)
+        profile->setValue(QStringLiteral("report/pdfa"), true, false);
     const bool patientJob =
         arguments.command == ToolArguments::Patients || arguments.command == ToolArguments::Samples;
     WorkspacePreflight preflight(profile);

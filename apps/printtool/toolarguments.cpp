@@ -51,6 +51,12 @@ const QList<OptionSpec>& optionSpecs()
          nullptr,
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "显示打印预览, 可从中打印"),
          printCommands},
+        {{QStringLiteral("pdfa")},
+         nullptr,
+         QT_TRANSLATE_NOOP(
+             "coagulation::ToolArguments",
+             "把 PDF 写成 PDF/A-1b 以便归档 (只对本次运行; 配置中 \"report/pdfa\" = true 时为默认)"),
+         printCommands},
         {{QStringLiteral("from")},
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "日期"),
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "只包括此日期起测定的结果 (yyyy-MM-dd)"),
@@ -336,6 +342,7 @@ bool ToolArguments::parse(const QStringList& arguments)
     profileFile = parser.value(QStringLiteral("profile"));
     templateDirectory = parser.value(QStringLiteral("template-dir"));
     templateName = parser.value(QStringLiteral("template"));
+    archival = parser.isSet(QStringLiteral("pdfa"));
     if ((printCommands.contains(command) || command == Templates) && profileFile.isEmpty())
         return fail(tr("命令 '%1' 需要配置文件 (--profile 文件)").arg(name));
 

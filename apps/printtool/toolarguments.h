@@ -30,7 +30,8 @@ public:
     QString templateDirectory; // empty: the profile's
     QString templateName;      // empty: the remembered one
     QString outputFile;
-    QList<qint64> ids; // patients or reagents
+    bool archival = false; // PDF/A-1b
+    QList<qint64> ids;     // patients or reagents
     QStringList sampleNumbers;
     QStringList templateFiles; // check: the files, none for every template of the workspace
     QDate from;                // QC range, open when invalid

@@ -197,7 +197,7 @@ PatientGenerator::Sample PatientGenerator::qcSample(const QDate& day)
     const QcMaterial& material = m_random.pick(AssayCatalogue::qcMaterials());
     Sample sample;
     sample.sampleNo = coagulation::Sample::qcName(material.controlNo, m_profile);
-    sample.name = QStringLiteral("%1(%2)").arg(material.name, material.level);
+    sample.name = LabText::tr("%1(%2)", "control material (level)").arg(material.name, material.level);
     sample.department = LabText::tr("检验科");
     sample.sampleKind = LabText::tr("质控血浆");
     sample.remark = LabText::tr("室内质控");

@@ -185,6 +185,14 @@ QSizeF pdfPageSize(const QString& fileName)
     return match.hasMatch() ? QSizeF(match.captured(1).toDouble(), match.captured(2).toDouble()) : QSizeF();
 }
 
+// A field of pdfinfo's report, such as "Title".
+QString pdfInfo(const QString& fileName, const QString& field)
+{
+    const QRegularExpression line(QStringLiteral("^%1:\\s*(.*)$").arg(field),
+                                  QRegularExpression::MultilineOption);
+    return line.match(poppler(QStringLiteral("pdfinfo"), {fileName})).captured(1).trimmed();
+}
+
 } // namespace
 
 class tst_Printing : public QObject
@@ -212,6 +220,8 @@ private Q_SLOTS:
     void nestedJobKeepsItsMembers();
     void maintenance_data();
     void maintenance();
+    void searchableArchive_data();
+    void searchableArchive();
     void unwritableOutput();
     void incompleteOutput_data();
     void incompleteOutput();
@@ -310,7 +320,7 @@ void tst_Printing::saveTemplate(const QString& name, kv::ReportType type, const 
         text->setPlainText(marker);
         text->setKey(QStringLiteral("Text"));
         report.addItem(text);
-        text->setPos(40, y);
+        text->setPos(40, 10); // above the items, which may be tall
     }
     QVERIFY2(report.save(templatePath(name)), qPrintable(report.errorString()));
 }
@@ -791,6 +801,93 @@ void tst_Printing::maintenance()
     const QSizeF size = pdfPageSize(outputFile(QStringLiteral("maintenance")));
     QVERIFY(size.isValid());
     QCOMPARE(size.width() > size.height(), orientation == QPageLayout::Landscape);
+}
+
+void tst_Printing::searchableArchive_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QStringList>("keys");
+    QTest::newRow("patient") << int(kv::PatientReport)
+                             << QStringList{QStringLiteral("field:/patient/name"),
+                                            QStringLiteral("profile:/hospital")};
+    QTest::newRow("qc") << int(kv::QcReport)
+                        << QStringList{QStringLiteral("field:/reagent/name"), QStringLiteral("QcChart")};
+    QTest::newRow("maintenance") << int(kv::MaintenanceRecordReport)
+                                 << QStringList{QStringLiteral("MaintenanceRecord")};
+}
+
+// What an archive finds again: the exact texts of template and data, title and author, vectors only.
+void tst_Printing::searchableArchive()
+{
+    QFETCH(int, type);
+    QFETCH(QStringList, keys);
+    if (!hasPoppler())
+        QSKIP("poppler-utils not installed");
+    // Characters whose glyphs the font shares with radicals, and the signs of a result.
+    const QString marker = QStringLiteral("血女一二人民生白目石示比↑↓≥µ%");
+    const QString file = outputFile(QStringLiteral("archive"));
+    m_printer->setOutputFileName(file);
+    saveTemplate(QStringLiteral("archive"), kv::ReportType(type), keys, marker);
+    const QString hospital = m_profile->value(QStringLiteral("hospital")).toString();
+    QVERIFY(!hospital.isEmpty());
+    QStringList expected{marker};
+    QString subject;
+    if (type == kv::PatientReport) {
+        m_profile->setValue(QStringLiteral("report/template"), QStringLiteral("archive"), true);
+        const qint64 id = patients(false, 1).value(0);
+        QSqlQuery query(m_profile->dataDatabase());
+        QVERIFY(query.exec(QStringLiteral("select name, sampleNo from patient where id=%1").arg(id)) &&
+                query.next());
+        expected << query.value(0).toString() << hospital;
+        subject = query.value(1).toString();
+        QVERIFY(m_printer->store({id}, m_profile->dataDatabase(), DataStorage::StoreAtOnce));
+    } else if (type == kv::QcReport) {
+        m_profile->setValue(QStringLiteral("report/qctemplate"), QStringLiteral("archive"), true);
+        QcDataReader reader(m_profile.get());
+        const qint64 reagent = reader.reagentIds().value(0);
+        auto series = reader.read(reagent);
+        QVERIFY(series);
+        QSqlQuery query(m_profile->qcDatabase());
+        QVERIFY(query.exec(QStringLiteral("select name, lot from reagent where id=%1").arg(reagent)) &&
+                query.next());
+        expected << query.value(0).toString();
+        subject = QStringList{query.value(0).toString(), query.value(1).toString()}
+                      .join(QLatin1Char(' '))
+                      .trimmed();
+        QVERIFY(m_printer->store(QList<QcExportData*>{series->data()}, DataStorage::StoreAtOnce));
+    } else {
+        m_profile->setValue(QStringLiteral("report/maintenanceRecord"), QStringLiteral("archive"), true);
+        Workbench workbench = MaintenanceRecords(m_profile.get()).workbenches().value(0);
+        QSqlQuery query(m_profile->qcDatabase());
+        QVERIFY(query.exec(QStringLiteral("select date, operator from maintenanceRecord where workbench=%1 "
+                                          "and recordType=1 order by date")
+                               .arg(workbench.id())) &&
+                query.next());
+        const QDate month = query.value(0).toDate();
+        expected << month.toString(QStringLiteral("MM-dd")) << query.value(1).toString();
+        subject = month.toString(QStringLiteral("yyyy-MM"));
+        MaintenanceExportData data{&workbench, month, MaintenanceManager::DailyMaintenance};
+        QVERIFY(m_printer->store(&data, DataStorage::StoreAtOnce));
+    }
+    QCOMPARE(InformationLog::count(), 0);
+
+    const QString text = pdfPageTexts(file).join(QString());
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    QVERIFY2(lines.contains(marker), qPrintable(text));
+    for (const QString& expectedText : expected)
+        QVERIFY2(text.contains(expectedText), qPrintable(expectedText + QStringLiteral(" in\n") + text));
+    for (const uint c : text.toUcs4())
+        QVERIFY2(c < 0x2E80 || c > 0x2FDF, qPrintable(QStringLiteral("radical U+%1").arg(c, 4, 16)));
+    // Text and lines only: no picture of a widget, and a page of modest size.
+    QCOMPARE(poppler(QStringLiteral("pdfimages"), {QStringLiteral("-list"), file})
+                 .trimmed()
+                 .count(QLatin1Char('\n')),
+             1);
+    QVERIFY2(QFileInfo(file).size() < 300 * 1024, qPrintable(QString::number(QFileInfo(file).size())));
+    QCOMPARE(pdfInfo(file, QStringLiteral("Title")),
+             Report::typeName(kv::ReportType(type)) + QLatin1Char(' ') + subject);
+    QCOMPARE(pdfInfo(file, QStringLiteral("Author")), hospital);
+    QVERIFY(pdfInfo(file, QStringLiteral("Creator")).startsWith(QStringLiteral("CoagulationReport ")));
 }
 
 void tst_Printing::unwritableOutput()
