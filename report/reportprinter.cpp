@@ -6,7 +6,6 @@
 #include "report.h"
 #include "sqlwarning.h"
 
-#include <core/dialogdriver.h>
 #include <core/information.h>
 #include <core/profile.h>
 #include <core/toplevelwidget.h>
@@ -149,8 +148,10 @@ bool ReportPrinter::loadTemplate(Report* report, kv::ReportType type, kv::Sample
     const QString key = QString::fromLatin1(choice.key);
     QString name = profile->value(key, QVariant()).toString();
     if (name.isEmpty()) {
+        const QList<QString> names = enumTemplate(m_workspace->templateDirectory().path(), type);
         bool ok = false;
-        name = pickTemplate(type, tr(choice.label), &ok);
+        name = QInputDialog::getItem(m_workspace->mainWindow(), QString(),
+                                     tr("请选择一个%1打印模板:").arg(tr(choice.label)), names, 0, false, &ok);
         if (!ok)
             return false;
         profile->setValue(key, name, true);
@@ -161,21 +162,6 @@ bool ReportPrinter::loadTemplate(Report* report, kv::ReportType type, kv::Sample
     information(tr("无法加载打印模板 %1\n%2").arg(name, report->errorString()), QMessageBox::Ok,
                 QMessageBox::Ok);
     return false;
-}
-
-QString ReportPrinter::pickTemplate(kv::ReportType type, const QString& label, bool* ok)
-{
-    // What QInputDialog::getItem does, run through execDialog so that it never blocks a
-    // process without a user.
-    const QList<QString> names = enumTemplate(m_workspace->templateDirectory().path(), type);
-    QInputDialog dialog(m_workspace->mainWindow());
-    dialog.setWindowTitle(QString());
-    dialog.setLabelText(tr("请选择一个%1打印模板:").arg(label));
-    dialog.setComboBoxItems(names);
-    dialog.setTextValue(names.value(0));
-    dialog.setComboBoxEditable(false);
-    *ok = execDialog(&dialog) == QDialog::Accepted;
-    return *ok ? dialog.textValue() : QString();
 }
 
 bool ReportPrinter::hasWorkspace() const
@@ -267,14 +253,14 @@ bool ReportPrinter::run(const Job& job, PageLoop pageLoop)
         preview.setWindowState((preview.windowState() & ~(Qt::WindowMinimized | Qt::WindowFullScreen)) |
                                Qt::WindowMaximized);
         connect(&preview, &QPrintPreviewDialog::paintRequested, this, pageLoop);
-        execDialog(&preview);
+        preview.exec();
         break;
     }
     case StoreWithDialog: {
         QPrintDialog dialog(&printer, nullptr);
         if (pageLoop == &ReportPrinter::printResult)
             dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
-        if (execDialog(&dialog) == QDialog::Accepted)
+        if (dialog.exec() == QDialog::Accepted)
             (this->*pageLoop)(&printer);
         break;
     }

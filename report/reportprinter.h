@@ -20,7 +20,7 @@ class Report;
 
 // The host's printing back-end: prints patients' results, QC series and maintenance months
 // through the template chosen for each kind of printout, at once, after a print dialog or from a
-// maximised preview. Dialogs run through execDialog(), so tests and tools can answer them.
+// maximised preview.
 class REPORT_EXPORT ReportPrinter : public DataStorage
 {
     Q_OBJECT
@@ -73,7 +73,6 @@ private:
 
     bool hasWorkspace() const;
     bool loadTemplate(Report* report, kv::ReportType type, kv::SampleType sampleType);
-    QString pickTemplate(kv::ReportType type, const QString& label, bool* ok);
     bool run(const Job& job, PageLoop pageLoop);
     bool beginPainting(QPainter& painter, QPrinter* printer);
     // Ends the job's pages; false (the user has been told) when they did not all come out.

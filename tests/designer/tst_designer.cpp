@@ -1,3 +1,5 @@
+#include "../common/dialoganswerer.h"
+
 #include <designerdialogs.h>
 #include <designerwindow.h>
 #include <formattoolbar.h>
@@ -16,7 +18,6 @@
 #include <toolpalette.h>
 
 #include <commands.h>
-#include <core/dialogdriver.h>
 #include <core/profile.h>
 #include <databounditems.h>
 #include <drawingitems.h>
@@ -815,23 +816,20 @@ void tst_Designer::previewThroughPlugin()
     };
     const QString printedBefore = printedTimes();
     int pages = -1;
-    QString title;
     bool usable = false;
-    DialogDriver::setHandler([&](QDialog* dialog) {
-        if (auto* preview = qobject_cast<QPrintPreviewDialog*>(dialog)) {
-            auto* widget = preview->findChild<QPrintPreviewWidget*>();
-            widget->updatePreview();
+    const auto look = [&](QDialog* dialog) {
+        if (auto* widget = dialog->findChild<QPrintPreviewWidget*>()) {
             pages = widget->pageCount();
             // Opened large and fitted to the page, also without a window manager.
-            usable = preview->width() > 600 && preview->height() > 400 &&
+            usable = dialog->width() > 600 && dialog->height() > 400 &&
                      widget->zoomMode() == QPrintPreviewWidget::FitInView;
         }
-        title = dialog->metaObject()->className();
-        return int(QDialog::Rejected);
-    });
-    const bool shown = window->preview();
-    QVERIFY(shown);
-    QCOMPARE(title, QStringLiteral("QPrintPreviewDialog"));
+        dialog->reject();
+    };
+    test::DialogAnswerer answerer;
+    answerer.then(look).then(look);
+    QVERIFY(window->preview());
+    QCOMPARE(answerer.shown(), QStringList{"QPrintPreviewDialog"});
     QCOMPARE(pages, 1); // the latest patient
     QVERIFY(usable);
     QCOMPARE(window->report()->reportItems().size(), 2); // the designer's document is untouched
@@ -840,7 +838,7 @@ void tst_Designer::previewThroughPlugin()
         choice.patientIds = {1, 2, 3};
     };
     QVERIFY(window->preview());
-    DialogDriver::clear();
+    QCOMPARE(answerer.shown().size(), 2);
     QCOMPARE(pages, 3);
 
     // The template was handed over for this preview only, and no patient counts as printed.

@@ -1,6 +1,7 @@
 // Print jobs end to end: the printer comes from the plug-in, the data from the generated
 // laboratory databases, the templates are saved by the test, and the output is a real PDF.
-#include <core/dialogdriver.h>
+#include "../common/dialoganswerer.h"
+
 #include <core/information.h>
 #include <core/profile.h>
 #include <core/toplevelwidget.h>
@@ -276,7 +277,6 @@ void tst_Printing::init()
     QSqlQuery query(m_profile->dataDatabase());
     QVERIFY(query.exec(QStringLiteral("update patient set printTime=NULL")));
     InformationLog::clear();
-    DialogDriver::clear();
     seen().clear();
     pagesNeeded().clear();
 
@@ -290,7 +290,6 @@ void tst_Printing::init()
 
 void tst_Printing::cleanup()
 {
-    DialogDriver::clear();
     m_storage.reset();
 }
 
@@ -416,27 +415,22 @@ void tst_Printing::pickDialog()
     m_printer->setWorkspace(&workspace);
     m_printer->itemFactory()->registerFactory(new PagingItemFactory(m_profile.get()));
 
-    int asked = 0;
-    DialogDriver::setHandler([&](QDialog* dialog) {
-        ++asked;
+    test::DialogAnswerer dialogs;
+    dialogs.then([&](QDialog* dialog) {
         auto* input = qobject_cast<QInputDialog*>(dialog);
-        if (!input)
-            return int(QDialog::Rejected);
-        [&] {
-            QCOMPARE(input->parentWidget(), &window);
-            QCOMPARE(input->windowTitle(), QString());
-            QCOMPARE(input->labelText(), label);
-            // Every template of the report type, the first one current.
-            QStringList items = input->comboBoxItems();
-            QCOMPARE(input->textValue(), items.value(0));
-            items.sort();
-            QCOMPARE(items, job == QLatin1String("qcSample") ? QStringList({"mine", "patients"})
-                                                             : QStringList({"mine"}));
-            QVERIFY(!input->isComboBoxEditable());
-        }();
+        QVERIFY(input);
+        QCOMPARE(input->parentWidget(), &window);
+        QCOMPARE(input->windowTitle(), QString());
+        QCOMPARE(input->labelText(), label);
+        // Every template of the report type, the first one current.
+        QStringList items = input->comboBoxItems();
+        QCOMPARE(input->textValue(), items.value(0));
+        items.sort();
+        QCOMPARE(items, job == QLatin1String("qcSample") ? QStringList({"mine", "patients"})
+                                                         : QStringList({"mine"}));
+        QVERIFY(!input->isComboBoxEditable());
         input->setTextValue(QStringLiteral("mine"));
         input->accept();
-        return input->result();
     });
 
     m_printer->setOutputFileName(outputFile(job));
@@ -455,7 +449,7 @@ void tst_Printing::pickDialog()
         return m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreAtOnce);
     };
     QVERIFY(print());
-    QCOMPARE(asked, 1);
+    QCOMPARE(dialogs.shown(), QStringList{"QInputDialog"});
     QCOMPARE(m_profile->value(key).toString(), QStringLiteral("mine"));
     QCOMPARE(QSettings(m_profile->fileName(), QSettings::IniFormat).value(key).toString(),
              QStringLiteral("mine"));
@@ -464,17 +458,15 @@ void tst_Printing::pickDialog()
 
     // Remembered: the next job asks nothing.
     QVERIFY(print());
-    QCOMPARE(asked, 1);
+    QCOMPARE(dialogs.shown().size(), 1);
     m_printer->setWorkspace(m_workspace.get());
 }
 
 void tst_Printing::pickDialogCancelled()
 {
     saveTemplate(QStringLiteral("mine"), kv::PatientReport, {QStringLiteral("test:/paging")});
-    DialogDriver::setHandler([](QDialog* dialog) {
-        dialog->reject();
-        return int(QDialog::Rejected);
-    });
+    test::DialogAnswerer dialogs;
+    dialogs.reject();
     m_printer->setOutputFileName(outputFile(QStringLiteral("cancelled")));
     const QList<qint64> ids = patients(false, 2);
     QVERIFY(!m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreAtOnce));
@@ -482,22 +474,18 @@ void tst_Printing::pickDialogCancelled()
     QCOMPARE(m_profile->value(QStringLiteral("report/template")).toString(), QString());
     QVERIFY(!QFile::exists(outputFile(QStringLiteral("cancelled"))));
     QVERIFY(printTime(ids.at(0)).isEmpty());
-
-    // Without a handler a process that cannot ask anyone is answered "cancel" rather than blocking.
-    DialogDriver::clear();
-    QVERIFY(!m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreAtOnce));
-    QCOMPARE(InformationLog::count(), 0);
+    QCOMPARE(dialogs.shown(), QStringList{"QInputDialog"});
 }
 
 void tst_Printing::pickDialogWithoutTemplates()
 {
     saveTemplate(QStringLiteral("qc"), kv::QcReport, {});
-    DialogDriver::setHandler([](QDialog* dialog) {
+    test::DialogAnswerer dialogs;
+    dialogs.then([](QDialog* dialog) {
         auto* input = qobject_cast<QInputDialog*>(dialog);
-        if (!input || !input->comboBoxItems().isEmpty())
-            return int(QDialog::Rejected);
+        QVERIFY(input);
+        QCOMPARE(input->comboBoxItems(), QStringList());
         input->accept();
-        return input->result();
     });
     m_printer->setOutputFileName(outputFile(QStringLiteral("none")));
     QVERIFY(!m_printer->store(patients(false, 1), m_profile->dataDatabase(), DataStorage::StoreAtOnce));
@@ -513,15 +501,11 @@ void tst_Printing::pickDialogWithoutTemplates()
 void tst_Printing::missingTemplate()
 {
     m_profile->setValue(QStringLiteral("report/template"), QStringLiteral("gone"), true);
-    int asked = 0;
-    DialogDriver::setHandler([&](QDialog*) {
-        ++asked;
-        return int(QDialog::Rejected);
-    });
+    test::DialogAnswerer dialogs;
     m_printer->setOutputFileName(outputFile(QStringLiteral("missing")));
     const QList<qint64> ids = patients(false, 1);
     QVERIFY(!m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreAtOnce));
-    QCOMPARE(asked, 0);
+    QCOMPARE(dialogs.shown(), QStringList());
     QFile file(templatePath(QStringLiteral("gone")));
     QVERIFY(!file.open(QIODevice::ReadOnly));
     QCOMPARE(InformationLog::count(), 1);
@@ -679,25 +663,23 @@ void tst_Printing::printDialog()
     m_printer->setOutputFileName(outputFile(QStringLiteral("dialog")));
 
     bool pageRange = true;
-    DialogDriver::setHandler([&](QDialog* dialog) {
+    test::DialogAnswerer dialogs;
+    dialogs.then([&](QDialog* dialog) {
         auto* print = qobject_cast<QPrintDialog*>(dialog);
-        if (!print)
-            return int(QDialog::Accepted);
+        QVERIFY(print);
+        QCOMPARE(print->parentWidget(), nullptr);
         pageRange = print->testOption(QAbstractPrintDialog::PrintPageRange);
         print->reject();
-        return print->result();
     });
     QVERIFY(m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreWithDialog));
+    QCOMPARE(dialogs.shown(), QStringList{"QPrintDialog"});
     QVERIFY(!pageRange);
     QVERIFY(!QFile::exists(outputFile(QStringLiteral("dialog"))));
     QVERIFY(seen().isEmpty());
     for (qint64 id : ids)
         QVERIFY(printTime(id).isEmpty());
 
-    DialogDriver::setHandler([](QDialog* dialog) {
-        dialog->accept();
-        return dialog->result();
-    });
+    dialogs.accept();
     QVERIFY(m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreWithDialog));
     QCOMPARE(pdfPageCount(outputFile(QStringLiteral("dialog"))), 3);
     for (qint64 id : ids)
@@ -716,23 +698,25 @@ void tst_Printing::preview()
     int rendered = 0;
     bool maximised = false;
     QWidget* parent = nullptr;
-    DialogDriver::setHandler([&](QDialog* dialog) {
+    int previewPages = 0;
+    test::DialogAnswerer dialogs;
+    dialogs.then([&](QDialog* dialog) {
         auto* preview = qobject_cast<QPrintPreviewDialog*>(dialog);
-        if (!preview)
-            return int(QDialog::Rejected);
+        QVERIFY(preview);
         maximised = preview->windowState() & Qt::WindowMaximized;
         parent = preview->parentWidget();
         rendered = seen().size();
+        previewPages = preview->findChild<QPrintPreviewWidget*>()->pageCount();
         // A repaint runs the whole job again.
         preview->findChild<QPrintPreviewWidget*>()->updatePreview();
         preview->reject();
-        return preview->result();
     });
     QVERIFY(m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StorePreview));
     setTopLevelWidget(nullptr);
     QVERIFY(maximised);
     QCOMPARE(parent, &window);
     QCOMPARE(rendered, 2);
+    QCOMPARE(previewPages, 2);
     QCOMPARE(seen().size(), 4);
     QCOMPARE(seen().at(2).patientId, int(ids.at(0)));
     for (qint64 id : ids)
@@ -754,15 +738,14 @@ void tst_Printing::nestedJobKeepsItsMembers()
     const QList<qint64> ids = patients(false, 2);
 
     bool nestedResult = false;
-    DialogDriver::setHandler([&](QDialog* dialog) {
+    test::DialogAnswerer dialogs;
+    dialogs.then([&](QDialog* dialog) {
         auto* preview = qobject_cast<QPrintPreviewDialog*>(dialog);
-        if (!preview)
-            return int(QDialog::Rejected);
+        QVERIFY(preview);
         m_printer->setOutputFileName(outputFile(QStringLiteral("nested")));
         nestedResult = m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreAtOnce);
         preview->findChild<QPrintPreviewWidget*>()->updatePreview();
         preview->reject();
-        return preview->result();
     });
     QVERIFY(m_printer->store(QList<QcExportData*>{series->data()}, DataStorage::StorePreview));
     QVERIFY(nestedResult);
@@ -1000,9 +983,11 @@ void tst_Printing::noPrinter()
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(".*")));
     QVERIFY(!m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreAtOnce));
     QCOMPARE(InformationLog::last().text, QStringLiteral("没有可用的打印机."));
-    // With no one to answer, a print dialog or a preview counts as cancelled instead of blocking.
+    // The print dialog still opens; cancelled, it prints nothing.
+    test::DialogAnswerer dialogs;
+    dialogs.reject();
     QVERIFY(m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreWithDialog));
-    QVERIFY(m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StorePreview));
+    QCOMPARE(dialogs.shown(), QStringList{"QPrintDialog"});
     QCOMPARE(InformationLog::count(), 1);
     for (qint64 id : ids)
         QVERIFY(printTime(id).isEmpty());
@@ -1022,10 +1007,11 @@ void tst_Printing::translatedMessages()
     QCoreApplication::installTranslator(&translator);
     saveTemplate(QStringLiteral("mine"), kv::PatientReport, {});
     QString label;
-    DialogDriver::setHandler([&](QDialog* dialog) {
+    test::DialogAnswerer dialogs;
+    dialogs.then([&](QDialog* dialog) {
         if (auto* input = qobject_cast<QInputDialog*>(dialog))
             label = input->labelText();
-        return int(QDialog::Rejected);
+        dialog->reject();
     });
     const QList<qint64> ids = patients(false, 1);
     QVERIFY(!m_printer->store(ids, m_profile->dataDatabase(), DataStorage::StoreAtOnce));

@@ -1,6 +1,7 @@
 #include <core/profile.h>
 #include <defaulttemplates.h>
 #include <itemfactory.h>
+#include <kvcore/sample.h>
 #include <report.h>
 #include <reportitem.h>
 
@@ -29,9 +30,12 @@ struct Run
 };
 
 // fileSizeLimit > 0: the tool may write no file beyond that many bytes (writes fail past it).
-Run runTool(const QStringList& arguments, qint64 fileSizeLimit = 0)
+Run runTool(const QStringList& arguments,
+            const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment(),
+            qint64 fileSizeLimit = 0)
 {
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.setProgram(QCoreApplication::applicationDirPath() + QStringLiteral("/coagulation-print"));
     process.setArguments(arguments);
     if (fileSizeLimit > 0) {
@@ -203,17 +207,36 @@ void TestPrintTool::patientReportsGivePagePerPatient()
 void TestPrintTool::samplesArePrintedBySampleNumber()
 {
     QString sampleNo;
+    QString qcSampleNo;
+    QString qcTemplate;
     {
         Profile workspace(profile());
         QSqlQuery query(workspace.dataDatabase());
         QVERIFY(query.exec(QStringLiteral("select sampleNo from patient where id = 7")));
         QVERIFY(query.next());
         sampleNo = query.value(0).toString();
+        QVERIFY(query.exec(QStringLiteral("select sampleNo from patient order by id")));
+        while (qcSampleNo.isEmpty() && query.next()) {
+            if (Sample::sampleTypeOf(query.value(0).toString(), &workspace) == kv::QcSample)
+                qcSampleNo = query.value(0).toString();
+        }
+        QVERIFY(!qcSampleNo.isEmpty());
+        // No template chosen for QC samples.
+        qcTemplate = workspace.value(QStringLiteral("report/qc")).toString();
+        workspace.setValue(QStringLiteral("report/qc"), QString(), true);
     }
     const QString pdf = path(QStringLiteral("out/sample.pdf"));
     const Run run = runTool(
         {QStringLiteral("samples"), sampleNo, QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    QCOMPARE(pdfPageCount(pdf), 1);
+
+    // Nobody can pick the QC samples' template: the tool says so and does not wait for an answer.
+    const Run mixed = runTool({QStringLiteral("samples"), qcSampleNo, sampleNo, QStringLiteral("-p"),
+                               profile(), QStringLiteral("-o"), pdf});
+    Profile(profile()).setValue(QStringLiteral("report/qc"), qcTemplate, true);
+    QVERIFY2(mixed.exitCode == 0, qPrintable(mixed.err));
+    QVERIFY2(mixed.err.contains(qcSampleNo + QStringLiteral(" will be left out")), qPrintable(mixed.err));
     QCOMPARE(pdfPageCount(pdf), 1);
 }
 
@@ -369,13 +392,23 @@ void TestPrintTool::missingDataFailsClearly_data()
     QTest::newRow("preview without display")
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--preview")}
         << QStringLiteral("--dialog 和 --preview 需要图形显示");
+    // Neither a platform nor a display named: nothing the platform plug-in could abort on.
+    QTest::newRow("dialog without any display")
+        << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--dialog"),
+                       QStringLiteral("--no-platform")}
+        << QStringLiteral("--dialog 和 --preview 需要图形显示");
 }
 
 void TestPrintTool::missingDataFailsClearly()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, message);
-    const Run run = runTool(arguments + QStringList{QStringLiteral("-p"), profile()});
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (arguments.removeAll(QStringLiteral("--no-platform"))) {
+        for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+            environment.remove(QString::fromLatin1(name));
+    }
+    const Run run = runTool(arguments + QStringList{QStringLiteral("-p"), profile()}, environment);
     QCOMPARE(run.exitCode, 1);
     QVERIFY2(run.err.contains(message), qPrintable(run.err));
     QVERIFY(!QFile::exists(path(QStringLiteral("out/never.pdf"))));
@@ -580,7 +613,7 @@ void TestPrintTool::failedWritesKeepTheEarlierFile()
     const Run run =
         runTool({QStringLiteral("patients"), QStringLiteral("5"), QStringLiteral("6"), QStringLiteral("7"),
                  QStringLiteral("-p"), profile(), QStringLiteral("-o"), target},
-                sizeLimit);
+                QProcessEnvironment::systemEnvironment(), sizeLimit);
     QCOMPARE(run.exitCode, 1);
     QVERIFY2(run.err.contains(QStringLiteral("没有完整写出")) &&
                  run.err.contains(QStringLiteral("没有写出 %1; 没有记录打印时间").arg(target)),
@@ -662,7 +695,8 @@ void TestPrintTool::englishDemoHoldsNoChinese_data()
     QTest::newRow("maintenance") << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"),
                                                 QStringLiteral("2024-06")}
                                  << QStringList{QStringLiteral("Coagulation Analyser Maintenance Record"),
-                                                QStringLiteral("Operator:")};
+                                                QStringLiteral("Daily maintenance"),
+                                                QStringLiteral("Weekly maintenance")};
 }
 
 void TestPrintTool::englishDemoHoldsNoChinese()
