@@ -1126,6 +1126,14 @@ Do you want to save your changes?</translation>
         <translation>Example Medical Devices Ltd.</translation>
     </message>
     <message>
+        <source>试剂位温度曾短时升至十二摄氏度，复测恢复正常；已记录报警时间并通知工程师，下次巡检时检查制冷模块与温度传感器</source>
+        <translation>Reagent position briefly reached 12 °C, normal again on re-measuring; alarm time recorded and the engineer informed, cooling module and temperature sensor to be checked at the next service</translation>
+    </message>
+    <message>
+        <source>标本轻度溶血，结果仅供参考；首次检测结果异常，已用原标本复查，复查结果与首次一致；危急值已电话通知临床医生并登记</source>
+        <translation>Sample slightly haemolysed, results for reference only; first results abnormal, re-measured from the same sample with the same results; critical values phoned to the clinician and logged</translation>
+    </message>
+    <message>
         <source>%1(%2)</source>
         <comment>control material (level)</comment>
         <translation>%1 (%2)</translation>
@@ -1202,6 +1210,48 @@ Do you want to save your changes?</translation>
     <message>
         <source>、</source>
         <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::OverflowCheck</name>
+    <message>
+        <source>表格 %1 有 %2 行，模板只留出 %3 行的位置</source>
+        <translation>table %1 has %2 rows, the template has room for %3</translation>
+    </message>
+    <message>
+        <source>%1 超出页面</source>
+        <translation>%1 runs past the page</translation>
+    </message>
+    <message>
+        <source>%1 超出模板留出的位置，压住了 %2</source>
+        <translation>%1 outgrows the room its template gives it and covers %2</translation>
+    </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::OverflowPreflight</name>
+    <message>
+        <source>病人 %1（样本号 %2）</source>
+        <translation>patient %1 (sample %2)</translation>
+    </message>
+    <message>
+        <source>质控品 %1 %2（批号 %3）第 %4 页</source>
+        <translation>control %1 %2 (lot %3), page %4</translation>
+    </message>
+    <message>
+        <source>%1 %2 的维护记录</source>
+        <translation>maintenance records of %1, %2</translation>
+    </message>
+    <message>
+        <source>警告：%1</source>
+        <translation>warning: %1</translation>
+    </message>
+    <message>
+        <source>有 %1 处内容超出模板留出的位置（--strict），没有打印，也没有记录打印时间</source>
+        <translation>%1 item(s) outgrow the room their template gives them (--strict): nothing was printed and no print time was recorded</translation>
     </message>
 </context>
 <context>
@@ -1637,6 +1687,10 @@ Do you want to save your changes?</translation>
     <message>
         <source>均值</source>
         <translation>Mean</translation>
+    </message>
+    <message>
+        <source>已剔除</source>
+        <translation>excluded</translation>
     </message>
 </context>
 <context>
@@ -2713,6 +2767,10 @@ Do you want to save your changes?</translation>
     <message>
         <source>--patients &apos;%1&apos; 不是 1 到 100000 之间的数</source>
         <translation>--patients &apos;%1&apos; is not a count from 1 to 100000</translation>
+    </message>
+    <message>
+        <source>页面内容超出模板给它的位置时任务失败, 什么也不打印 (否则只是警告)</source>
+        <translation>fail, printing nothing, when a page&apos;s content outgrows the room its template gives it (otherwise that is a warning)</translation>
     </message>
 </context>
 <context>

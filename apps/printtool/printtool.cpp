@@ -1,6 +1,7 @@
 #include "printtool.h"
 
 #include "demoworkspace.h"
+#include "overflowpreflight.h"
 #include "pdfoutput.h"
 #include "reportsources.h"
 #include "workspacepreflight.h"
@@ -304,19 +305,27 @@ int PrintTool::print(const ToolArguments& arguments, ReportPrinter* printer, Wor
         printer->setOutputFileName(output->writeFileName());
     }
 
+    // Every page is bound once before printing, so that nothing overprints unannounced.
+    OverflowPreflight overflow(workspace);
     const DataStorage::StoreMode mode = storeMode(arguments.destination);
     bool stored = false;
     if (patientJob) {
+        if (!OverflowPreflight::passes(overflow.patients(ids), arguments.strict))
+            return Failure;
         stored = printer->store(ids, profile->dataDatabase(), mode);
     } else if (arguments.command == ToolArguments::Qc) {
         QList<QcExportData*> data;
         for (const auto& one : series)
             data.append(one->data());
+        if (!OverflowPreflight::passes(overflow.qc(data), arguments.strict))
+            return Failure;
         stored = printer->store(data, mode);
     } else {
         MaintenanceExportData data;
         data.workbench = &workbench;
         data.month = arguments.month;
+        if (!OverflowPreflight::passes(overflow.maintenance(data), arguments.strict))
+            return Failure;
         stored = printer->store(&data, mode);
     }
     const QString target = nativePath(QFileInfo(arguments.outputFile).absoluteFilePath());

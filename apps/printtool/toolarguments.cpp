@@ -51,6 +51,11 @@ const QList<OptionSpec>& optionSpecs()
          nullptr,
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "显示打印预览, 可从中打印"),
          printCommands},
+        {{QStringLiteral("strict")},
+         nullptr,
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments",
+                           "页面内容超出模板给它的位置时任务失败, 什么也不打印 (否则只是警告)"),
+         printCommands},
         {{QStringLiteral("pdfa")},
          nullptr,
          QT_TRANSLATE_NOOP(
@@ -343,6 +348,7 @@ bool ToolArguments::parse(const QStringList& arguments)
     templateDirectory = parser.value(QStringLiteral("template-dir"));
     templateName = parser.value(QStringLiteral("template"));
     archival = parser.isSet(QStringLiteral("pdfa"));
+    strict = parser.isSet(QStringLiteral("strict"));
     if ((printCommands.contains(command) || command == Templates) && profileFile.isEmpty())
         return fail(tr("命令 '%1' 需要配置文件 (--profile 文件)").arg(name));
 

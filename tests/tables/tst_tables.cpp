@@ -395,10 +395,10 @@ void TestTables::generatedPatients()
         const int id = patients.value(0).toInt();
         ++patientCount;
         QSqlQuery results(m_profile.dataDatabase());
-        QVERIFY(
-            results.exec(QStringLiteral("select item, subitem, abbr, code, result, unit, flag from result "
-                                        "where patientId=%1 order by displayOrder")
-                             .arg(id)));
+        QVERIFY(results.exec(
+            QStringLiteral("select item, subitem, abbr, code, result, unit, flag, lowerMarkLimit, "
+                           "upperMarkLimit from result where patientId=%1 order by displayOrder")
+                .arg(id)));
         QList<QStringList> expected;
         while (results.next()) {
             const AssayDefinition assay =
@@ -416,10 +416,12 @@ void TestTables::generatedPatients()
                                  : flags & AnalysisResult::High        ? "↑"
                                  : flags & AnalysisResult::Low         ? "↓"
                                                                        : "";
-            const QString range = assay.referenceLow > 0 || assay.referenceHigh > 0
-                                      ? QString::number(assay.referenceLow, 'f', assay.precision) +
-                                            QLatin1Char('-') +
-                                            QString::number(assay.referenceHigh, 'f', assay.precision)
+            // A control's range is its target range, stored with the result.
+            const double low = results.value(7).toDouble();
+            const double high = results.value(8).toDouble();
+            const QString range = low > 0 || high > 0
+                                      ? QString::number(low, 'f', assay.precision) + QLatin1Char('-') +
+                                            QString::number(high, 'f', assay.precision)
                                       : QString();
             expected.append({assay.abbr, assay.code, text, assay.unit, mark, range});
         }
