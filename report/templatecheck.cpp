@@ -3,6 +3,7 @@
 #include "itemfactory.h"
 #include "report.h"
 #include "reportitembase.h"
+#include "templatelimits_p.h"
 
 #include <QDataStream>
 #include <QFile>
@@ -32,6 +33,8 @@ bool TemplateCheck::check(const QString& fileName)
     try {
         page.readHeader(in);
         in >> count;
+        if (in.status() == QDataStream::Ok && count > 0)
+            TemplateLimits::checkItems(count);
     } catch (const QString& message) {
         return fail(message);
     }
@@ -45,6 +48,7 @@ bool TemplateCheck::check(const QString& fileName)
     if (count < 0)
         return fail(tr("项目数无效: %1").arg(count));
 
+    const TemplateLimits::Scope budget; // the same bounds as loading the whole template
     for (qint32 i = 0; i < count; ++i) {
         ReportItem* item = nullptr;
         QString error;
@@ -68,7 +72,8 @@ bool TemplateCheck::check(const QString& fileName)
                                             .arg(key)
                                             .arg(count));
         if (!error.isEmpty())
-            return fail(tr("第 %1 个项目: %2").arg(i + 1).arg(error));
+            return fail(key.isEmpty() ? tr("第 %1 个项目: %2").arg(i + 1).arg(error)
+                                      : tr("第 %1 个项目 (%2): %3").arg(i + 1).arg(key, error));
         return fail(tr("第 %1 个项目 (%2) 的内容已损坏").arg(i + 1).arg(key));
     }
     if (!in.atEnd())

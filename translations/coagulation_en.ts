@@ -1389,12 +1389,12 @@ Do you want to save your changes?</translation>
         <translation>Cannot generate the laboratory databases in %1</translation>
     </message>
     <message>
-        <source>用法见 &apos;%1 --help&apos;.</source>
-        <translation>See &apos;%1 --help&apos; for the usage.</translation>
-    </message>
-    <message>
         <source>--dialog 和 --preview 需要图形显示</source>
         <translation>--dialog and --preview need a display</translation>
+    </message>
+    <message>
+        <source>用法见 &apos;%1 --help&apos;.</source>
+        <translation>See &apos;%1 --help&apos; for the usage.</translation>
     </message>
     <message>
         <source>%1 是一个文件夹</source>
@@ -2406,12 +2406,75 @@ Do you want to save your changes?</translation>
         <translation>Item %1: %2</translation>
     </message>
     <message>
+        <source>第 %1 个项目 (%2): %3</source>
+        <translation>Item %1 (%2): %3</translation>
+    </message>
+    <message>
         <source>第 %1 个项目 (%2) 的内容已损坏</source>
         <translation>The contents of item %1 (%2) are damaged</translation>
     </message>
     <message>
         <source>最后一个项目之后还有 %1 字节多余的数据</source>
         <translation>%1 bytes of extra data follow the last item</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::TemplateLimits</name>
+    <message>
+        <source>模板超出限制：%1不能超过 %2。</source>
+        <translation>The template exceeds a limit: %1 cannot exceed %2.</translation>
+    </message>
+    <message>
+        <source>模板中的项目数</source>
+        <translation>the number of items in a template</translation>
+    </message>
+    <message>
+        <source>一个表格的单元格数</source>
+        <translation>the number of cells of one table</translation>
+    </message>
+    <message>
+        <source>模板中所有表格的单元格数</source>
+        <translation>the number of cells of all tables in a template</translation>
+    </message>
+    <message>
+        <source>一个表格的列数</source>
+        <translation>the number of columns of one table</translation>
+    </message>
+    <message>
+        <source>多列表格的列块数</source>
+        <translation>the number of blocks of a multi-column table</translation>
+    </message>
+    <message>
+        <source>一张图片的像素数</source>
+        <translation>the number of pixels of one picture</translation>
+    </message>
+    <message>
+        <source>模板中所有图片的像素数</source>
+        <translation>the number of pixels of all pictures in a template</translation>
+    </message>
+    <message>
+        <source>一段文字的字符数</source>
+        <translation>the number of characters of one text</translation>
+    </message>
+    <message>
+        <source>模板中所有文字的字符数</source>
+        <translation>the number of characters of all texts in a template</translation>
+    </message>
+    <message>
+        <source>渐变的色标数</source>
+        <translation>the number of stops of a gradient</translation>
+    </message>
+    <message>
+        <source>HTML 单元格的跨行或跨列数</source>
+        <translation>the row or column span of an HTML cell</translation>
+    </message>
+    <message>
+        <source>HTML 元素的嵌套层数</source>
+        <translation>the nesting depth of HTML elements</translation>
+    </message>
+    <message>
+        <source>HTML 表格的嵌套层数</source>
+        <translation>the nesting depth of HTML tables</translation>
     </message>
 </context>
 <context>
@@ -2491,6 +2554,10 @@ Do you want to save your changes?</translation>
     <message>
         <source>显示打印预览, 可从中打印</source>
         <translation>show a print preview, from which one can print</translation>
+    </message>
+    <message>
+        <source>页面内容超出模板给它的位置时任务失败, 什么也不打印 (否则只是警告)</source>
+        <translation>fail, printing nothing, when a page&apos;s content outgrows the room its template gives it (otherwise that is a warning)</translation>
     </message>
     <message>
         <source>把 PDF 写成 PDF/A-1b 以便归档 (只对本次运行; 配置中 &quot;report/pdfa&quot; = true 时为默认)</source>
@@ -2767,10 +2834,6 @@ Do you want to save your changes?</translation>
     <message>
         <source>--patients &apos;%1&apos; 不是 1 到 100000 之间的数</source>
         <translation>--patients &apos;%1&apos; is not a count from 1 to 100000</translation>
-    </message>
-    <message>
-        <source>页面内容超出模板给它的位置时任务失败, 什么也不打印 (否则只是警告)</source>
-        <translation>fail, printing nothing, when a page&apos;s content outgrows the room its template gives it (otherwise that is a warning)</translation>
     </message>
 </context>
 <context>

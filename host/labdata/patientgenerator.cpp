@@ -290,7 +290,7 @@ bool PatientGenerator::writeSample(const Sample& sample, qint64 patientId, Table
     if (critical && remark.isEmpty())
         remark = LabText::tr("危急值已电话通知临床");
 
-    const QVariant nullDateTime(QMetaType(QMetaType::QString));
+    const QVariant nullDateTime{QMetaType(QMetaType::QString)};
     if (!patients.insert({patientId, sample.sampleNo, textOrNull(sample.name), textOrNull(sample.sex),
                           sample.age, textOrNull(sample.ageUnit), textOrNull(sample.department),
                           textOrNull(sample.bed), textOrNull(sample.doctor), textOrNull(sample.sampleKind),

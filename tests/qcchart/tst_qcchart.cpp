@@ -124,6 +124,8 @@ void tst_QcChart::pageRange_data()
     // at the last point there is.
     QTest::newRow("short series, middle page") << 30 << 10 << 2 << 0.0 << 0.0 << true << 15.0 << 24.0;
     QTest::newRow("short series, last page") << 30 << 10 << 3 << 0.0 << 0.0 << false << 12.0 << 15.0;
+    // QC tables with extreme row counts: pages far beyond the points, skipped counts beyond int.
+    QTest::newRow("extreme result count") << 50 << 100000000 << 30 << 0.0 << 0.0 << false << 24.0 << 25.0;
 }
 
 void tst_QcChart::pageRange()
