@@ -553,7 +553,7 @@ void TestPrintTool::damagedTemplatesAreRefused_data()
     QVERIFY(at > 0);
     QTest::newRow("grid count") << QByteArray(good).replace(at + key.size() + 16 + 72 + 1, 4,
                                                             QByteArray::fromHex("7fffffff"))
-                                << QStringLiteral("(Results) 的内容已损坏");
+                                << QStringLiteral("(Results): 模板超出限制");
 }
 
 // Nothing printed, nothing recorded; the check command finds the same damage.

@@ -632,7 +632,8 @@ void tst_TemplateFile::templateCheck_data()
     const int rows = starts.at(table + 1) - payloadOf(items.at(table)).size() + 1;
     QTest::newRow("over-large grid count")
         << patched(rows, QByteArray::fromHex("7fffffff"))
-        << QStringLiteral("第 %1 个项目 (Results) 的内容已损坏").arg(table + 1);
+        << QStringLiteral("第 %1 个项目 (Results): 模板超出限制：一个表格的单元格数不能超过 100000。")
+               .arg(table + 1);
 
     Report unknown(&profile, &factory);
     unknown.setType(kv::QcReport);
