@@ -22,6 +22,10 @@ inline std::string peakMemory(int count)
 {
     return "memory/" + std::to_string(count);
 }
+inline std::string maintenancePeakMemory()
+{
+    return "memory/maintenance";
+}
 inline std::string qc(const char* side, int points)
 {
     return "qc/" + std::string(side) + '/' + std::to_string(points);
@@ -48,7 +52,8 @@ void registerTemplateBenchmarks(const BenchConfig& config, BenchWorkspace* works
 void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspace);
 
 // The child process of the memory measurement: prints the first COUNT patients of the profile's
-// database to PDF. Arguments: PROFILE COUNT PDF. Returns the exit code.
+// database to PDF, or with "maintenance" for COUNT the maintenance report of the demo month.
+// Arguments: PROFILE COUNT PDF. Returns the exit code.
 int runPrintChild(const QStringList& arguments);
 
 } // namespace coagulation::bench

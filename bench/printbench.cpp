@@ -1,11 +1,14 @@
 // Printing patients and a long QC series to PDF through the printer, each beside the floor: the
 // same pages rendered by QGraphicsScene::render of an already filled scene into the same kind of
-// PDF, without SQL and data binding. Also the peak memory of a large against a small job.
+// PDF, without SQL and data binding. Also the peak memory of a large against a small job, and of a
+// maintenance job against a one-patient job.
 #include "benchmarks.h"
 #include "benchworkspace.h"
 #include "peakmemory.h"
 
 #include <core/profile.h>
+#include <kvcore/maintenanceexportdata.h>
+#include <kvcore/maintenancerecords.h>
 #include <kvcore/qcseries.h>
 #include <kvcore/workspace.h>
 #include <report.h>
@@ -77,14 +80,14 @@ void patientFloor(benchmark::State& state, BenchWorkspace* workspace, int count)
     state.counters[counter::pages] = count;
 }
 
-void peakMemory(benchmark::State& state, BenchWorkspace* workspace, int count)
+// `job`: a patient count, or "maintenance".
+void peakMemory(benchmark::State& state, BenchWorkspace* workspace, const QString& job)
 {
     QString error;
     long kib = -1;
     for (auto _ : state) {
         kib = PeakMemory::ofProgram(QCoreApplication::applicationFilePath(),
-                                    {QStringLiteral("--print-child"), workspace->profileFileName(),
-                                     QString::number(count),
+                                    {QStringLiteral("--print-child"), workspace->profileFileName(), job,
                                      workspace->scratchFile(QStringLiteral("memory.pdf"))},
                                     &error);
     }
@@ -162,11 +165,22 @@ void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspac
             ->Iterations(iterations)
             ->Repetitions(repetitions);
     }
-    for (int count : {config.scalingSmall, config.scalingLarge})
-        benchmark::RegisterBenchmark(name::peakMemory(count).c_str(), peakMemory, workspace, count)
+    QList<int> memoryCounts{1};
+    for (int count : {config.scalingSmall, config.scalingLarge}) {
+        if (!memoryCounts.contains(count))
+            memoryCounts.append(count);
+    }
+    for (int count : memoryCounts)
+        benchmark::RegisterBenchmark(name::peakMemory(count).c_str(), peakMemory, workspace,
+                                     QString::number(count))
             ->Unit(benchmark::kMillisecond)
             ->UseRealTime()
             ->Iterations(1);
+    benchmark::RegisterBenchmark(name::maintenancePeakMemory().c_str(), peakMemory, workspace,
+                                 QStringLiteral("maintenance"))
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Iterations(1);
     benchmark::RegisterBenchmark(name::qc("ours", config.qcPoints).c_str(), printQc, workspace,
                                  config.qcPoints)
         ->Unit(benchmark::kMillisecond)
@@ -203,10 +217,20 @@ int runPrintChild(const QStringList& arguments)
     }
     Profile profile(arguments.at(0));
     Workspace workspace(&profile, Workspace::templateDirectoryOf(&profile));
-    const QList<qint64> ids = BenchWorkspace::patientIds(&profile, arguments.at(1).toInt());
     ReportPrinter printer;
     printer.setWorkspace(&workspace);
     printer.setOutputFileName(arguments.at(2));
+    if (arguments.at(1) == QLatin1String("maintenance")) {
+        // The month the demo prints, on the first workbench, which has records then.
+        Workbench workbench = MaintenanceRecords(&profile).workbenches().value(0);
+        MaintenanceExportData data{&workbench, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance};
+        if (MaintenanceRecords(&profile).records(&workbench, data.month, data.recordType).isEmpty()) {
+            std::fprintf(stderr, "no maintenance records in %s\n", qPrintable(data.month.toString()));
+            return 1;
+        }
+        return printer.store(&data, DataStorage::StoreAtOnce) ? 0 : 1;
+    }
+    const QList<qint64> ids = BenchWorkspace::patientIds(&profile, arguments.at(1).toInt());
     return !ids.isEmpty() && printer.store(ids, profile.dataDatabase(), DataStorage::StoreAtOnce) ? 0 : 1;
 }
 

@@ -1,5 +1,5 @@
 # The Debian package (cpack -G DEB): everything installed, under /usr. Library dependencies come from
-# dpkg-shlibdeps; added are what only gets loaded at run time (Qt's SQLite driver) and the Chinese
+# dpkg-shlibdeps (Qt, libqpdf); added are what only gets loaded at run time (Qt's SQLite driver) and the Chinese
 # fonts the reports name.
 set(CPACK_PACKAGE_NAME coagulation-report)
 set(CPACK_PACKAGE_VENDOR "Coagulation analyser team")
@@ -15,7 +15,7 @@ set(CPACK_GENERATOR DEB)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, fonts-noto-cjk")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6sql6-sqlite, fonts-noto-cjk, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-base-dev, cmake, cups")
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_STRIP_FILES ON)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "keyfactories.h"
 #include "report_global.h"
 
 #include <QList>
@@ -10,7 +11,6 @@
 
 namespace coagulation {
 
-class CreatorFactory;
 class Profile;
 class ReportItem;
 class ReportItemCreator;

@@ -15,7 +15,7 @@ constexpr double minimumColumnWidth = 50.0;
 
 struct Row
 {
-    const char* label; // translated in the context of the table that shows it
+    QcInfoLabel label;
     QString value;
 };
 
@@ -31,18 +31,18 @@ QString cvText(double sd, double mean)
 
 QList<Row> limitRows(const QcExportData& data)
 {
-    return {{QT_TR_NOOP("上停止限"), valueText(data.upperStopLimit)},
-            {QT_TR_NOOP("上标记限"), valueText(data.upperMarkLimit)},
-            {QT_TR_NOOP("靶值"), valueText(data.targetValue)},
-            {QT_TR_NOOP("下标记限"), valueText(data.lowerMarkLimit)},
-            {QT_TR_NOOP("下停止限"), valueText(data.lowerStopLimit)}};
+    return {{UpperStopLabel, valueText(data.upperStopLimit)},
+            {UpperMarkLabel, valueText(data.upperMarkLimit)},
+            {TargetLabel, valueText(data.targetValue)},
+            {LowerMarkLabel, valueText(data.lowerMarkLimit)},
+            {LowerStopLabel, valueText(data.lowerStopLimit)}};
 }
 
 QList<Row> materialRows(const QcExportData& data)
 {
-    return {{QT_TR_NOOP("平均值"), valueText(data.mean)},
-            {QT_TR_NOOP("SD"), valueText(data.sd)},
-            {QT_TR_NOOP("CV"), cvText(data.sd, data.mean)}};
+    return {{MeanLabel, valueText(data.mean)},
+            {SdLabel, valueText(data.sd)},
+            {CvLabel, cvText(data.sd, data.mean)}};
 }
 
 // The label and value columns, the value right-aligned.
@@ -56,7 +56,7 @@ template <class Table> void appendRows(Table& table, const QList<Row>& rows)
 {
     for (const Row& row : rows) {
         const int r = table.rowCount();
-        table.setItemText(r, LabelColumn, Table::tr(row.label));
+        table.setItemText(r, LabelColumn, Table::tr(Table::labels[row.label]));
         table.setItemText(r, ValueColumn, row.value);
     }
 }
@@ -71,14 +71,19 @@ const QcExportData* boundQcData(const ReportItem& item)
 
 // --- ReportQcInfoTableItem --------------------------------------------------------------------
 
+const char* const ReportQcInfoTableItem::labels[] = {
+    QT_TR_NOOP("上停止限"), QT_TR_NOOP("上标记限"), QT_TR_NOOP("靶值"),   QT_TR_NOOP("下标记限"),
+    QT_TR_NOOP("下停止限"), QT_TR_NOOP("平均值"),   QT_TR_NOOP("SD"),     QT_TR_NOOP("CV"),
+    QT_TR_NOOP("质控数量"), QT_TR_NOOP("计算均值"), QT_TR_NOOP("计算SD"), QT_TR_NOOP("计算CV")};
+
 ReportQcInfoTableItem::ReportQcInfoTableItem()
 {
     setUpColumns(*this);
-    appendRows(*this, {{QT_TR_NOOP("上停止限"), QStringLiteral("18.5")},
-                       {QT_TR_NOOP("上标记限"), QStringLiteral("16.5")},
-                       {QT_TR_NOOP("靶值"), QStringLiteral("11.0")},
-                       {QT_TR_NOOP("下标记限"), QStringLiteral("5.5")},
-                       {QT_TR_NOOP("下停止限"), QStringLiteral("3.5")}});
+    appendRows(*this, {{UpperStopLabel, QStringLiteral("18.5")},
+                       {UpperMarkLabel, QStringLiteral("16.5")},
+                       {TargetLabel, QStringLiteral("11.0")},
+                       {LowerMarkLabel, QStringLiteral("5.5")},
+                       {LowerStopLabel, QStringLiteral("3.5")}});
 }
 
 void ReportQcInfoTableItem::updateData()
@@ -93,16 +98,21 @@ void ReportQcInfoTableItem::updateData()
 
 // --- ReportQcInfoDetailsTableItem -------------------------------------------------------------
 
+const char* const ReportQcInfoDetailsTableItem::labels[] = {
+    QT_TR_NOOP("上停止限"), QT_TR_NOOP("上标记限"), QT_TR_NOOP("靶值"),   QT_TR_NOOP("下标记限"),
+    QT_TR_NOOP("下停止限"), QT_TR_NOOP("平均值"),   QT_TR_NOOP("SD"),     QT_TR_NOOP("CV"),
+    QT_TR_NOOP("质控数量"), QT_TR_NOOP("计算均值"), QT_TR_NOOP("计算SD"), QT_TR_NOOP("计算CV")};
+
 ReportQcInfoDetailsTableItem::ReportQcInfoDetailsTableItem()
 {
     setUpColumns(*this);
-    appendRows(*this, {{QT_TR_NOOP("质控数量"), QStringLiteral("30")},
-                       {QT_TR_NOOP("平均值"), QStringLiteral("11.0")},
-                       {QT_TR_NOOP("SD"), QStringLiteral("0.1")},
-                       {QT_TR_NOOP("CV"), QStringLiteral("1%")},
-                       {QT_TR_NOOP("计算均值"), QStringLiteral("11.0")},
-                       {QT_TR_NOOP("计算SD"), QStringLiteral("0.1")},
-                       {QT_TR_NOOP("计算CV"), QStringLiteral("1%")}});
+    appendRows(*this, {{CountLabel, QStringLiteral("30")},
+                       {MeanLabel, QStringLiteral("11.0")},
+                       {SdLabel, QStringLiteral("0.1")},
+                       {CvLabel, QStringLiteral("1%")},
+                       {ComputedMeanLabel, QStringLiteral("11.0")},
+                       {ComputedSdLabel, QStringLiteral("0.1")},
+                       {ComputedCvLabel, QStringLiteral("1%")}});
     updateColumnWidths(size());
 }
 
@@ -112,7 +122,7 @@ void ReportQcInfoDetailsTableItem::updateData()
     const QcExportData* data = boundQcData(*this);
     if (!data)
         return;
-    appendRows(*this, {{QT_TR_NOOP("质控数量"), QString::number(data->count)}});
+    appendRows(*this, {{CountLabel, QString::number(data->count)}});
     if (data->hasLimits) {
         appendRows(*this, limitRows(*data));
     } else {
@@ -122,9 +132,9 @@ void ReportQcInfoDetailsTableItem::updateData()
         double sd = 0.0;
         statistic(printed, &mean, &sd);
         appendRows(*this, materialRows(*data));
-        appendRows(*this, {{QT_TR_NOOP("计算均值"), valueText(mean)},
-                           {QT_TR_NOOP("计算SD"), valueText(sd)},
-                           {QT_TR_NOOP("计算CV"), cvText(sd, mean)}});
+        appendRows(*this, {{ComputedMeanLabel, valueText(mean)},
+                           {ComputedSdLabel, valueText(sd)},
+                           {ComputedCvLabel, cvText(sd, mean)}});
     }
     setColumnCount(2);
     updateColumnWidths(size());

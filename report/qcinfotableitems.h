@@ -4,12 +4,30 @@
 
 namespace coagulation {
 
+// The row labels of the QC information tables; each table translates them in its own context.
+enum QcInfoLabel {
+    UpperStopLabel,
+    UpperMarkLabel,
+    TargetLabel,
+    LowerMarkLabel,
+    LowerStopLabel,
+    MeanLabel,
+    SdLabel,
+    CvLabel,
+    CountLabel,
+    ComputedMeanLabel,
+    ComputedSdLabel,
+    ComputedCvLabel
+};
+
 // The control limits of the QC material, or its mean, SD and CV when it has no limits.
 class REPORT_EXPORT ReportQcInfoTableItem : public ReportTableItem
 {
     Q_DECLARE_TR_FUNCTIONS(coagulation::ReportQcInfoTableItem)
 public:
     ReportQcInfoTableItem();
+
+    static const char* const labels[]; // by QcInfoLabel
 
     void updateData() override;
 };
@@ -21,6 +39,8 @@ class REPORT_EXPORT ReportQcInfoDetailsTableItem : public ReportTableItem
     Q_DECLARE_TR_FUNCTIONS(coagulation::ReportQcInfoDetailsTableItem)
 public:
     ReportQcInfoDetailsTableItem();
+
+    static const char* const labels[]; // by QcInfoLabel
 
     void updateData() override;
     void updateColumnWidths(const QSizeF& size);

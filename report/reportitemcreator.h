@@ -1,5 +1,6 @@
 #pragma once
 
+#include "pickmachine.h"
 #include "report.h"
 #include "report_global.h"
 
@@ -14,7 +15,6 @@ class QEvent;
 
 namespace coagulation {
 
-class PickMachine;
 class ReportItem;
 
 // Base of the designer's creation tools. Entered on a view, the tool filters the scene's mouse

@@ -1,10 +1,10 @@
 #include "reportprinter.h"
 
 #include "itemfactory.h"
+#include "pdffinisher_p.h"
 #include "report.h"
 #include "sqlwarning.h"
 
-#include <core/dialogdriver.h>
 #include <core/information.h>
 #include <core/profile.h>
 #include <core/toplevelwidget.h>
@@ -15,13 +15,21 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
+#include <QGraphicsProxyWidget>
 #include <QInputDialog>
+#include <QPaintEngine>
 #include <QPainter>
+#include <QPicture>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <QScreen>
 #include <QSqlQuery>
+#include <QSqlRecord>
+
+#include <algorithm>
 
 namespace coagulation {
 
@@ -54,9 +62,43 @@ bool templateChoice(kv::ReportType type, kv::SampleType sampleType, TemplateChoi
     }
 }
 
+const QString archivalKey = QStringLiteral("report/pdfa");
+
+bool holdsWidgets(const Report* report)
+{
+    const QList<QGraphicsItem*> items = report->items();
+    return std::any_of(items.cbegin(), items.cend(), [](const QGraphicsItem* item) {
+        return item->isVisible() && qgraphicsitem_cast<const QGraphicsProxyWidget*>(item);
+    });
+}
+
 void renderPage(Report* report, QPainter* painter)
 {
-    report->render(painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
+    if (!holdsWidgets(report)) {
+        report->render(painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
+        return;
+    }
+    // Qt renders a widget onto a printer through a pixmap. Recorded into a picture first, the
+    // embedded widgets paint their text and lines as they do on screen, and the page stays vectors.
+    // A picture plays back scaled from its own resolution to the device's, so it is recorded at its own.
+    const QPaintDevice* device = painter->device();
+    QPicture picture;
+    const QRectF target(0, 0, device->width() * qreal(picture.logicalDpiX()) / device->logicalDpiX(),
+                        device->height() * qreal(picture.logicalDpiY()) / device->logicalDpiY());
+    QPainter recorder(&picture);
+    report->render(&recorder, target, QRectF(), Qt::KeepAspectRatio);
+    recorder.end();
+    painter->drawPicture(0, 0, picture);
+}
+
+// "S1, S2, S3" for a few, "S1 … S9 (9)" for many.
+QString subjectsText(QStringList subjects)
+{
+    subjects.removeDuplicates();
+    subjects.removeAll(QString());
+    if (subjects.size() > 5)
+        return QStringLiteral("%1 … %2 (%3)").arg(subjects.first(), subjects.last()).arg(subjects.size());
+    return subjects.join(QStringLiteral(", "));
 }
 
 } // namespace
@@ -96,8 +138,10 @@ bool ReportPrinter::loadTemplate(Report* report, kv::ReportType type, kv::Sample
     const QString key = QString::fromLatin1(choice.key);
     QString name = profile->value(key, QVariant()).toString();
     if (name.isEmpty()) {
+        const QList<QString> names = enumTemplate(m_workspace->templateDirectory().path(), type);
         bool ok = false;
-        name = pickTemplate(type, tr(choice.label), &ok);
+        name = QInputDialog::getItem(m_workspace->mainWindow(), QString(),
+                                     tr("请选择一个%1打印模板:").arg(tr(choice.label)), names, 0, false, &ok);
         if (!ok)
             return false;
         profile->setValue(key, name, true);
@@ -108,21 +152,6 @@ bool ReportPrinter::loadTemplate(Report* report, kv::ReportType type, kv::Sample
     information(tr("无法加载打印模板 %1\n%2").arg(name, report->errorString()), QMessageBox::Ok,
                 QMessageBox::Ok);
     return false;
-}
-
-QString ReportPrinter::pickTemplate(kv::ReportType type, const QString& label, bool* ok)
-{
-    // What QInputDialog::getItem does, run through execDialog so that it never blocks a
-    // process without a user.
-    const QList<QString> names = enumTemplate(m_workspace->templateDirectory().path(), type);
-    QInputDialog dialog(m_workspace->mainWindow());
-    dialog.setWindowTitle(QString());
-    dialog.setLabelText(tr("请选择一个%1打印模板:").arg(label));
-    dialog.setComboBoxItems(names);
-    dialog.setTextValue(names.value(0));
-    dialog.setComboBoxEditable(false);
-    *ok = execDialog(&dialog) == QDialog::Accepted;
-    return *ok ? dialog.textValue() : QString();
 }
 
 bool ReportPrinter::hasWorkspace() const
@@ -198,21 +227,30 @@ bool ReportPrinter::run(const Job& job, PageLoop pageLoop)
     if (pageLoop == &ReportPrinter::printResult)
         printer.setPrintRange(QPrinter::AllPages);
     m_job.report->setupPrinter(&printer);
+    m_job.archival = m_workspace->profile()->value(archivalKey).toBool();
+    if (m_job.archival)
+        printer.setPdfVersion(QPagedPaintDevice::PdfVersion_A1b);
 
     switch (m_job.storeMode) {
     case StorePreview: {
         QPrintPreviewDialog preview(&printer, topLevelWidget(), Qt::Window);
+        // Where nothing maximises the window (no window manager) it must still open large,
+        // showing whole pages.
+        if (const QScreen* screen = preview.screen())
+            preview.resize(screen->availableGeometry().size() * 0.85);
+        if (auto* pages = preview.findChild<QPrintPreviewWidget*>())
+            pages->fitInView();
         preview.setWindowState((preview.windowState() & ~(Qt::WindowMinimized | Qt::WindowFullScreen)) |
                                Qt::WindowMaximized);
         connect(&preview, &QPrintPreviewDialog::paintRequested, this, pageLoop);
-        execDialog(&preview);
+        preview.exec();
         break;
     }
     case StoreWithDialog: {
         QPrintDialog dialog(&printer, nullptr);
         if (pageLoop == &ReportPrinter::printResult)
             dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
-        if (execDialog(&dialog) == QDialog::Accepted)
+        if (dialog.exec() == QDialog::Accepted)
             (this->*pageLoop)(&printer);
         break;
     }
@@ -234,6 +272,28 @@ bool ReportPrinter::beginPainting(QPainter& painter, QPrinter* printer)
     m_job.printerFailed = true;
     information(printerError(printer), QMessageBox::Ok, QMessageBox::Ok);
     return false;
+}
+
+void ReportPrinter::endPainting(QPainter& painter, QPrinter* printer)
+{
+    painter.end();
+    // Only a PDF file is finished: a preview paints on the same printer without writing one.
+    if (printer->outputFormat() != QPrinter::PdfFormat || printer->outputFileName().isEmpty() ||
+        !printer->paintEngine() || printer->paintEngine()->type() != QPaintEngine::Pdf || m_job.printerFailed)
+        return;
+    PdfDocumentInfo info;
+    info.title = QStringList{Report::typeName(m_job.report->type()), subjectsText(m_job.subjects)}
+                     .join(QLatin1Char(' '))
+                     .trimmed();
+    info.author = m_workspace->profile()->value(QStringLiteral("hospital")).toString();
+    info.creator = QStringLiteral("CoagulationReport " COAGULATION_REPORT_VERSION);
+    info.archival = m_job.archival;
+    QString error;
+    if (PdfFinisher::finish(printer->outputFileName(), info, &error))
+        return;
+    qWarning("ReportPrinter: cannot finish %s: %s", qPrintable(printer->outputFileName()), qPrintable(error));
+    m_job.printerFailed = true;
+    information(printerError(printer), QMessageBox::Ok, QMessageBox::Ok);
 }
 
 QString ReportPrinter::printerError(const QPrinter* printer) const
@@ -261,6 +321,7 @@ void ReportPrinter::printResult(QPrinter* printer)
     // database a journal file and a sync to disk, more than rendering the page. A caller's own
     // open transaction makes this fail, and then the times go into the caller's.
     const bool ownTransaction = m_job.database.transaction();
+    m_job.subjects.clear();
 
     Profile* profile = m_workspace->profile();
     for (int i = 0; i < m_job.patientIds.size(); ++i) {
@@ -287,6 +348,7 @@ void ReportPrinter::printResult(QPrinter* printer)
         }
         page->fetchData(int(id), m_job.database);
         renderPage(page, &painter);
+        m_job.subjects.append(sampleNo.trimmed());
 
         update.bindValue(QStringLiteral(":time"), QDateTime::currentDateTime().toString(Qt::ISODate));
         update.bindValue(QStringLiteral(":id"), id);
@@ -297,7 +359,7 @@ void ReportPrinter::printResult(QPrinter* printer)
     }
     if (ownTransaction && !m_job.database.commit())
         REPORT_SQL_WARNING(m_job.database.lastError());
-    painter.end();
+    endPainting(painter, printer);
 }
 
 void ReportPrinter::printQc(QPrinter* printer)
@@ -307,6 +369,7 @@ void ReportPrinter::printQc(QPrinter* printer)
     if (!beginPainting(painter, printer))
         return;
     int pagesPrinted = 0;
+    m_job.subjects.clear();
     for (QcExportData* data : std::as_const(m_job.qcData)) {
         m_job.report->prepareQcData(data);
         // Items may raise the page count while they prepare or fetch, so it is read every page.
@@ -316,9 +379,14 @@ void ReportPrinter::printQc(QPrinter* printer)
             m_job.report->setCurrentPage(page);
             m_job.report->fetchQcData(data);
             renderPage(m_job.report, &painter);
+            const QSqlRecord reagent = m_job.report->record(QStringLiteral("reagent"));
+            m_job.subjects.append(QStringList{reagent.value(QStringLiteral("name")).toString(),
+                                              reagent.value(QStringLiteral("lot")).toString()}
+                                      .join(QLatin1Char(' '))
+                                      .trimmed());
         }
     }
-    painter.end();
+    endPainting(painter, printer);
 }
 
 void ReportPrinter::printMaintenanceRecord(QPrinter* printer)
@@ -327,9 +395,11 @@ void ReportPrinter::printMaintenanceRecord(QPrinter* printer)
     QPainter painter;
     if (!beginPainting(painter, printer))
         return;
+    if (m_job.maintenanceData)
+        m_job.subjects = QStringList{m_job.maintenanceData->month.toString(QStringLiteral("yyyy-MM"))};
     m_job.report->prepareMaintenanceData(m_job.maintenanceData);
     renderPage(m_job.report, &painter);
-    painter.end();
+    endPainting(painter, printer);
 }
 
 } // namespace coagulation

@@ -8,6 +8,7 @@
 #include <QList>
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 
 class QPainter;
 class QPrinter;
@@ -19,7 +20,7 @@ class Report;
 
 // The host's printing back-end: prints patients' results, QC series and maintenance months
 // through the template chosen for each kind of printout, at once, after a print dialog or from a
-// maximised preview. Dialogs run through execDialog(), so tests and tools can answer them.
+// maximised preview.
 class REPORT_EXPORT ReportPrinter : public DataStorage
 {
     Q_OBJECT
@@ -65,13 +66,15 @@ private:
         bool qcSampleTemplateLoaded = false;
         const MaintenanceExportData* maintenanceData = nullptr;
         bool printerFailed = false;
+        bool archival = false; // PDF/A-1b
+        QStringList subjects;  // what the printed pages are about, for the document title
     };
 
     bool hasWorkspace() const;
     bool loadTemplate(Report* report, kv::ReportType type, kv::SampleType sampleType);
-    QString pickTemplate(kv::ReportType type, const QString& label, bool* ok);
     bool run(const Job& job, PageLoop pageLoop);
     bool beginPainting(QPainter& painter, QPrinter* printer);
+    void endPainting(QPainter& painter, QPrinter* printer);
     QString printerError(const QPrinter* printer) const;
 
     Workspace* m_workspace = nullptr;

@@ -105,7 +105,7 @@ ReportPatientTableItem::ReportPatientTableItem(Profile* profile) : m_profile(pro
     AnalysisResult sample(12.3);
     sample.setFlags(65535);
     setItemText(1, AbbrColumn, QStringLiteral("PT-S"));
-    setItemText(1, CodeColumn, QStringLiteral("凝血酶原时间"));
+    setItemText(1, CodeColumn, tr("凝血酶原时间"));
     setItemText(1, ResultColumn, sample.toString(profile, 1, 'g', 4));
     setItemText(1, UnitColumn, QStringLiteral("s"));
     setItemText(1, FlagColumn, sample.suffix(profile));

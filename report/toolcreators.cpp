@@ -2,8 +2,6 @@
 
 #include "drawingitems.h"
 
-#include <core/information.h>
-
 #include <QFileDialog>
 #include <QImageReader>
 #include <QPixmap>
@@ -146,11 +144,7 @@ void ImageCreator::enter(QGraphicsView* view)
     GeneralRectCreator::enter(view);
     const QString filter = fileFilter();
     QWidget* parent = view ? view->window() : nullptr;
-    QString fileName;
-    if (m_chooser)
-        fileName = m_chooser(parent, filter);
-    else if (InformationLog::isInteractive()) // nobody could answer the dialog otherwise
-        fileName = QFileDialog::getOpenFileName(parent, QString(), QString(), filter);
+    const QString fileName = QFileDialog::getOpenFileName(parent, QString(), QString(), filter);
     // Cancelled, or nowhere to put the picture.
     if (fileName.isEmpty() || !report()) {
         finish();

@@ -2,8 +2,6 @@
 
 #include "generalcreator.h"
 
-#include <functional>
-
 class QWidget;
 
 namespace coagulation {
@@ -66,24 +64,16 @@ class REPORT_EXPORT ImageCreator : public GeneralRectCreator
 {
     Q_OBJECT
 public:
-    // Chooses the picture file; an empty result means the user cancelled.
-    using FileChooser = std::function<QString(QWidget* parent, const QString& filter)>;
-
     explicit ImageCreator(QObject* parent = nullptr);
     QList<QString> keys() const override;
     QString name() const override;
     ReportItem* create() override;
 
-    // The file dialog by default, or a cancel in a session that must not block (tests, tools).
-    void setFileChooser(const FileChooser& chooser) { m_chooser = chooser; }
     // "All formats" over every image format this installation reads.
     static QString fileFilter();
 
 public Q_SLOTS:
     void enter(QGraphicsView* view) override;
-
-private:
-    FileChooser m_chooser;
 };
 
 } // namespace coagulation

@@ -8,6 +8,8 @@ tool="$bin/coagulation-print"
 profile="$out/profile.ini"
 reports="$out/reports"
 
+# The demo speaks Chinese whatever the machine's locale; --language en makes an English one.
+export LANGUAGE=zh_CN
 "$tool" demo "$out"
 # Five samples of one morning; number 13 is a QC sample and prints from the QC sample template.
 "$tool" patients 10 11 12 13 14 --profile "$profile" --output "$reports/patient-results.pdf"

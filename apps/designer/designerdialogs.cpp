@@ -1,6 +1,7 @@
 #include "designerdialogs.h"
 
 #include "pagesetupdialog.h"
+#include "previewdialog.h"
 
 #include <core/information.h>
 #include <report.h>
@@ -13,14 +14,9 @@
 namespace coagulation {
 
 namespace {
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("coagulation::DesignerDialogs", text);
-}
-
 QString templateFilter()
 {
-    return tr("报表模板 (*.%1);;所有文件 (*)").arg(Report::suffix);
+    return DesignerDialogs::tr("报表模板 (*.%1);;所有文件 (*)").arg(Report::suffix);
 }
 } // namespace
 
@@ -85,6 +81,18 @@ QColor DesignerDialogs::chooseColor(QWidget* parent, const QColor& initial)
     if (!InformationLog::isInteractive())
         return {};
     return QColorDialog::getColor(initial, parent, QString(), QColorDialog::ShowAlphaChannel);
+}
+
+bool DesignerDialogs::choosePreview(QWidget* parent, kv::ReportType type, const PreviewData& data,
+                                    PreviewChoice& choice)
+{
+    if (!InformationLog::isInteractive())
+        return false;
+    PreviewDialog dialog(type, data, choice, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    choice = dialog.choice();
+    return true;
 }
 
 QString DesignerDialogs::workspaceDirectory(QWidget* parent, const QString& current)

@@ -5,6 +5,7 @@
 #include <kvcore/reporttype.h>
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QMessageBox>
 #include <QString>
 
@@ -12,11 +13,16 @@ class QWidget;
 
 namespace coagulation {
 
+class PreviewData;
+struct PreviewChoice;
+
 // Every question the designer asks its user. The window asks through this object, so tests
 // and scripts replace it with one that answers without a human. In a process that must not
 // block (see InformationLog::isInteractive) these defaults answer as if the user cancelled.
 class DesignerDialogs
 {
+    Q_DECLARE_TR_FUNCTIONS(coagulation::DesignerDialogs)
+
 public:
     virtual ~DesignerDialogs() = default;
 
@@ -30,6 +36,9 @@ public:
     virtual bool editPageSetup(QWidget* parent, PageSetup& setup);
     // An invalid colour when the user cancels.
     virtual QColor chooseColor(QWidget* parent, const QColor& initial);
+    // What a preview of a template of this type shows; false when the user cancels.
+    virtual bool choosePreview(QWidget* parent, kv::ReportType type, const PreviewData& data,
+                               PreviewChoice& choice);
     // The workspace folder whose data fills a preview; empty when cancelled.
     virtual QString workspaceDirectory(QWidget* parent, const QString& current);
 };

@@ -1,12 +1,19 @@
 #include "designerwindow.h"
 
+#include "commandnamer.h"
 #include "designerdialogs.h"
 #include "formattoolbar.h"
-#include "geometrypanel.h"
+#include "itemoutline.h"
 #include "pagesetup.h"
 #include "pageview.h"
+#include "previewdata.h"
+#include "previewworkspace.h"
+#include "propertypanel.h"
 #include "recentfiles.h"
+#include "reportarranger.h"
 #include "reporteditor.h"
+#include "stackordercommand.h"
+#include "styleeditor.h"
 #include "templatepreview.h"
 #include "toolpalette.h"
 
@@ -14,8 +21,10 @@
 #include <core/profile.h>
 #include <itemfactory.h>
 #include <report.h>
+#include <reportitembase.h>
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -23,8 +32,11 @@
 #include <QDockWidget>
 #include <QFileInfo>
 #include <QLabel>
+#include <QLocale>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScrollArea>
+#include <QSettings>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QUndoStack>
@@ -32,32 +44,69 @@
 
 namespace coagulation {
 
+namespace {
+// The margin guides are the designer's setting, not the template's.
+QMarginsF storedMargins()
+{
+    const QList<QVariant> m = QSettings().value(QStringLiteral("designer/margins")).toList();
+    return m.size() == 4 ? QMarginsF(m[0].toDouble(), m[1].toDouble(), m[2].toDouble(), m[3].toDouble())
+                         : PageSetup().margins;
+}
+
+void storeMargins(const QMarginsF& m)
+{
+    QSettings().setValue(QStringLiteral("designer/margins"),
+                         QList<QVariant>{m.left(), m.top(), m.right(), m.bottom()});
+}
+} // namespace
+
 DesignerWindow::DesignerWindow(Profile* profile, ItemFactory* factory, QWidget* parent)
     : QMainWindow(parent), m_profile(profile), m_factory(factory),
       m_dialogs(std::make_unique<DesignerDialogs>()), m_view(new PageView), m_palette(new ToolPalette),
-      m_editor(new ReportEditor(this)), m_format(new FormatToolBar(m_editor)),
-      m_geometry(new GeometryPanel(m_editor)), m_undoView(new QUndoView), m_zoomLabel(new QLabel)
+      m_editor(new ReportEditor(this)), m_format(nullptr), m_style(new StyleEditor(m_editor, this)),
+      m_arranger(new ReportArranger(m_editor, this)), m_properties(new PropertyPanel(m_editor, m_style)),
+      m_outline(new ItemOutline(m_editor)), m_namer(new CommandNamer(this)), m_cursorLabel(new QLabel),
+      m_undoView(new QUndoView), m_zoomLabel(new QLabel)
 {
     setObjectName(QStringLiteral("designerWindow"));
+    m_format = new FormatToolBar(m_editor, m_style);
     setCentralWidget(m_view);
     m_palette->setView(m_view);
-    m_format->setColorChooser(
-        [this](const QColor& initial) { return m_dialogs->chooseColor(this, initial); });
+    m_namer->setFactory(factory);
+    m_style->setColorChooser([this](const QColor& initial) { return m_dialogs->chooseColor(this, initial); });
+    m_gridMm = QSettings().value(QStringLiteral("designer/gridMillimetres"), 0.0).toDouble();
+    m_view->setMarginGuides(storedMargins());
     createActions();
+    createArrangeActions();
     createMenus();
     createDocks();
     addToolBarBreak();
     addToolBar(Qt::TopToolBarArea, m_format);
+    statusBar()->addPermanentWidget(m_cursorLabel);
     statusBar()->addPermanentWidget(m_zoomLabel);
     connect(m_view, &PageView::zoomChanged, this,
             [this](double zoom) { m_zoomLabel->setText(tr("%1%").arg(qRound(zoom * 100))); });
+    connect(m_view, &PageView::cursorMoved, this, [this](const QPointF& mm) {
+        m_cursorLabel->setText(
+            tr("%1, %2 毫米").arg(QLocale().toString(mm.x(), 'f', 1), QLocale().toString(mm.y(), 'f', 1)));
+    });
     connect(m_view, &PageView::nudgeRequested, m_editor, &ReportEditor::nudge);
+    connect(m_view, &PageView::contextMenuRequested, this, [this](const QPoint& at) {
+        selectionChanged();
+        m_contextMenu->popup(at);
+    });
+    connect(m_view, &PageView::bindingRequested, this, [this](ReportItem* item) {
+        m_report->clearSelection();
+        item->graphicsItem()->setSelected(true);
+        findChild<QDockWidget*>(QStringLiteral("propertyDock"))->raise();
+        m_properties->editBinding();
+    });
     connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &DesignerWindow::selectionChanged);
     m_zoomLabel->setText(tr("%1%").arg(100));
     resize(1280, 900);
     newTemplate(kv::PatientReport);
     if (factory)
-        m_palette->setCreators(factory->creators());
+        setTools(factory->creators());
 }
 
 DesignerWindow::~DesignerWindow()
@@ -76,6 +125,13 @@ void DesignerWindow::setDialogs(std::unique_ptr<DesignerDialogs> dialogs)
 void DesignerWindow::setTools(const QList<ReportItemCreator*>& creators)
 {
     m_palette->setCreators(creators);
+    for (ReportItemCreator* creator : creators)
+        m_namer->watch(creator);
+}
+
+GeometryPanel* DesignerWindow::geometryPanel() const
+{
+    return m_properties->geometryPanel();
 }
 
 QAction* DesignerWindow::addAction(const QString& name, const QString& text, const QKeySequence& shortcut)
@@ -137,6 +193,95 @@ void DesignerWindow::createActions()
             &QAction::triggered, m_view, &PageView::actualSize);
 }
 
+void DesignerWindow::createArrangeActions()
+{
+    using Edge = ReportArranger::Edge;
+    const std::pair<const char*, Edge> edges[] = {{"alignLeft", ReportArranger::Left},
+                                                  {"alignHCenter", ReportArranger::HorizontalCentre},
+                                                  {"alignRight", ReportArranger::Right},
+                                                  {"alignTop", ReportArranger::Top},
+                                                  {"alignVCenter", ReportArranger::VerticalCentre},
+                                                  {"alignBottom", ReportArranger::Bottom}};
+    const QString edgeTexts[] = {tr("左对齐(&L)"),   tr("水平居中(&C)"), tr("右对齐(&R)"),
+                                 tr("顶端对齐(&T)"), tr("垂直居中(&M)"), tr("底端对齐(&B)")};
+    for (const auto& [name, edge] : edges)
+        connect(addAction(QLatin1String(name), edgeTexts[edge]), &QAction::triggered, m_arranger,
+                [this, e = Edge(edge)] { m_arranger->align(e); });
+    connect(addAction(QStringLiteral("distributeH"), tr("水平均匀分布(&H)")), &QAction::triggered, m_arranger,
+            [this] { m_arranger->distribute(Qt::Horizontal); });
+    connect(addAction(QStringLiteral("distributeV"), tr("垂直均匀分布(&V)")), &QAction::triggered, m_arranger,
+            [this] { m_arranger->distribute(Qt::Vertical); });
+    connect(addAction(QStringLiteral("sameWidth"), tr("相同宽度(&W)")), &QAction::triggered, m_arranger,
+            [this] { m_arranger->sameSize(Qt::Horizontal); });
+    connect(addAction(QStringLiteral("sameHeight"), tr("相同高度(&E)")), &QAction::triggered, m_arranger,
+            [this] { m_arranger->sameSize(Qt::Vertical); });
+    connect(addAction(QStringLiteral("bringToFront"), tr("置于顶层(&F)"),
+                      QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_BracketRight)),
+            &QAction::triggered, m_arranger, &ReportArranger::bringToFront);
+    connect(addAction(QStringLiteral("sendToBack"), tr("置于底层(&K)"),
+                      QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_BracketLeft)),
+            &QAction::triggered, m_arranger, &ReportArranger::sendToBack);
+    connect(
+        addAction(QStringLiteral("properties"), tr("属性(&P)..."), QKeySequence(Qt::ALT | Qt::Key_Return)),
+        &QAction::triggered, this, [this] {
+            QDockWidget* dock = findChild<QDockWidget*>(QStringLiteral("propertyDock"));
+            dock->show();
+            dock->raise();
+            m_properties->setFocus(Qt::OtherFocusReason);
+        });
+}
+
+void DesignerWindow::createViewSettings(QMenu* view)
+{
+    view->addSeparator();
+    QAction* snap = addAction(QStringLiteral("snapToGrid"), tr("对齐网格(&S)"));
+    snap->setCheckable(true);
+    snap->setChecked(QSettings().value(QStringLiteral("designer/snapToGrid"), true).toBool());
+    connect(snap, &QAction::toggled, this, [this](bool on) {
+        QSettings().setValue(QStringLiteral("designer/snapToGrid"), on);
+        applyGrid();
+    });
+    view->addAction(snap);
+    QMenu* grid = view->addMenu(tr("网格大小(&G)"));
+    auto* sizes = new QActionGroup(grid);
+    for (double mm : {0.0, 1.0, 2.0, 2.5, 5.0, 10.0}) {
+        QAction* choice =
+            grid->addAction(mm == 0 ? tr("默认 (10 像素)") : tr("%1 毫米").arg(QLocale().toString(mm)));
+        choice->setObjectName(QStringLiteral("grid%1").arg(mm));
+        choice->setCheckable(true);
+        choice->setChecked(qFuzzyCompare(mm + 1, m_gridMm + 1));
+        sizes->addAction(choice);
+        connect(choice, &QAction::triggered, this, [this, mm] { setGridMillimetres(mm); });
+    }
+    QAction* guides = addAction(QStringLiteral("marginGuides"), tr("页边距参考线(&M)"));
+    guides->setCheckable(true);
+    guides->setChecked(true);
+    connect(guides, &QAction::toggled, this,
+            [this](bool on) { m_view->setMarginGuides(on ? storedMargins() : QMarginsF()); });
+    view->addAction(guides);
+}
+
+void DesignerWindow::setGridMillimetres(double millimetres)
+{
+    m_gridMm = millimetres;
+    QSettings().setValue(QStringLiteral("designer/gridMillimetres"), millimetres);
+    applyGrid();
+}
+
+void DesignerWindow::applyGrid()
+{
+    if (!m_report)
+        return;
+    const QSizeF grid = m_gridMm > 0
+                            ? QSizeF(m_gridMm * m_report->dpiX() / 25.4, m_gridMm * m_report->dpiY() / 25.4)
+                            : QSizeF(10, 10);
+    // The document snaps whatever it moves; a grid far below a printer dot lets things lie free.
+    const bool snap = action(QStringLiteral("snapToGrid"))->isChecked();
+    m_report->setGridSize(snap ? grid : QSizeF(0.01, 0.01));
+    m_view->setGridSize(grid);
+    m_editor->setGridSize(grid);
+}
+
 void DesignerWindow::createMenus()
 {
     QMenu* file = menuBar()->addMenu(tr("文件(&F)"));
@@ -165,8 +310,32 @@ void DesignerWindow::createMenus()
             edit->addSeparator();
     }
     QMenu* view = menuBar()->addMenu(tr("视图(&V)"));
+    view->setObjectName(QStringLiteral("viewMenu"));
     for (const char* name : {"zoomIn", "zoomOut", "fitPage", "actualSize"})
         view->addAction(action(QLatin1String(name)));
+    createViewSettings(view);
+
+    const char* const arrangeNames[] = {
+        "alignLeft", "alignHCenter", "alignRight",  "alignTop", "alignVCenter", "alignBottom",
+        "",          "distributeH",  "distributeV", "",         "sameWidth",    "sameHeight",
+        "",          "bringToFront", "sendToBack"};
+    QMenu* arrange = menuBar()->addMenu(tr("排列(&A)"));
+    for (const char* name : arrangeNames) {
+        if (*name)
+            arrange->addAction(action(QLatin1String(name)));
+        else
+            arrange->addSeparator();
+    }
+
+    m_contextMenu = new QMenu(this);
+    for (const char* name : {"cut", "copy", "paste", "delete", ""})
+        *name ? (void)m_contextMenu->addAction(action(QLatin1String(name)))
+              : (void)m_contextMenu->addSeparator();
+    QMenu* order = m_contextMenu->addMenu(tr("顺序(&O)"));
+    order->addAction(action(QStringLiteral("bringToFront")));
+    order->addAction(action(QStringLiteral("sendToBack")));
+    m_contextMenu->addSeparator();
+    m_contextMenu->addAction(action(QStringLiteral("properties")));
 
     QToolBar* main = addToolBar(tr("文件"));
     main->setObjectName(QStringLiteral("fileToolBar"));
@@ -200,13 +369,26 @@ void DesignerWindow::createDocks()
         return dock;
     };
     QDockWidget* tools = addDock(m_palette, tr("工具箱"), QStringLiteral("toolDock"), Qt::LeftDockWidgetArea);
-    QDockWidget* geometry =
-        addDock(m_geometry, tr("位置和大小"), QStringLiteral("geometryDock"), Qt::RightDockWidgetArea);
+    // Scrolled, so that showing and hiding rows never resizes the window.
+    auto* scroll = new QScrollArea;
+    scroll->setWidget(m_properties);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    QDockWidget* properties =
+        addDock(scroll, tr("属性"), QStringLiteral("propertyDock"), Qt::RightDockWidgetArea);
+    QDockWidget* outline =
+        addDock(m_outline, tr("项目列表"), QStringLiteral("outlineDock"), Qt::RightDockWidgetArea);
     QDockWidget* history =
         addDock(m_undoView, tr("操作历史"), QStringLiteral("historyDock"), Qt::RightDockWidgetArea);
-    resizeDocks({tools, geometry}, {200, 240}, Qt::Horizontal);
-    resizeDocks({geometry, history}, {170, 600}, Qt::Vertical);
+    tabifyDockWidget(outline, history);
+    outline->raise();
+    resizeDocks({properties}, {300}, Qt::Horizontal);
+    resizeDocks({properties, outline}, {520, 300}, Qt::Vertical);
     m_undoView->setEmptyLabel(tr("<空>"));
+    QMenu* view = menuBar()->findChild<QMenu*>(QStringLiteral("viewMenu"));
+    view->addSeparator();
+    for (QDockWidget* dock : {tools, properties, outline, history})
+        view->addAction(dock->toggleViewAction());
 }
 
 Report* DesignerWindow::makeReport()
@@ -228,11 +410,15 @@ void DesignerWindow::setReport(Report* report)
     m_view->setReport(report);
     m_palette->setView(m_view);
     m_undoView->setStack(report->undoStack());
+    m_namer->setStack(report->undoStack());
     delete old;
+    applyGrid();
+    m_outline->rebuild();
 
     QUndoStack* stack = report->undoStack();
     m_reportConnections = {
         connect(report, &QGraphicsScene::selectionChanged, this, &DesignerWindow::selectionChanged),
+        connect(stack, &QUndoStack::indexChanged, m_outline, &ItemOutline::rebuild),
         connect(stack, &QUndoStack::indexChanged, this, &DesignerWindow::selectionChanged),
         connect(stack, &QUndoStack::cleanChanged, this, &DesignerWindow::updateTitle),
         connect(stack, &QUndoStack::canUndoChanged, action(QStringLiteral("undo")), &QAction::setEnabled),
@@ -250,12 +436,20 @@ void DesignerWindow::selectionChanged()
 {
     if (!m_report)
         return;
-    const bool selected = !m_editor->selectedItems().isEmpty();
-    for (const char* name : {"cut", "copy", "delete"})
-        action(QLatin1String(name))->setEnabled(selected);
+    m_editor->selectionChanged();
+    const int selected = int(m_editor->selectedItems().size());
+    for (const char* name : {"cut", "copy", "delete", "bringToFront", "sendToBack"})
+        action(QLatin1String(name))->setEnabled(selected > 0);
+    for (const char* name : {"alignLeft", "alignHCenter", "alignRight", "alignTop", "alignVCenter",
+                             "alignBottom", "sameWidth", "sameHeight"})
+        action(QLatin1String(name))->setEnabled(selected > 1);
+    for (const char* name : {"distributeH", "distributeV"})
+        action(QLatin1String(name))->setEnabled(selected > 2);
+    action(QStringLiteral("properties"))->setEnabled(selected > 0);
     action(QStringLiteral("paste"))->setEnabled(m_editor->canPaste(QApplication::clipboard()->mimeData()));
     m_format->refresh();
-    m_geometry->refresh();
+    m_properties->refresh();
+    m_outline->followSelection();
 }
 
 bool DesignerWindow::isModified() const
@@ -331,12 +525,21 @@ bool DesignerWindow::openFile(const QString& fileName)
             m_recent->remove(fileName);
         return false;
     }
+    restoreFileOrder(report);
     report->setDesignMode(true);
     report->undoStack()->clear();
     report->setFileName(QFileInfo(fileName).absoluteFilePath());
     setReport(report);
     m_recent->add(fileName);
     return true;
+}
+
+void DesignerWindow::restoreFileOrder(Report* report)
+{
+    QList<QGraphicsItem*> order;
+    for (ReportItem* item : report->reportItems())
+        order.append(item->graphicsItem());
+    StackOrderCommand::apply(order); // the last loaded becomes the bottom one
 }
 
 bool DesignerWindow::save()
@@ -380,8 +583,16 @@ bool DesignerWindow::saveFile(const QString& fileName)
 bool DesignerWindow::pageSetup()
 {
     PageSetup setup = PageSetup::of(m_report);
+    setup.margins = storedMargins();
     const PageSetup before = setup;
-    if (!m_dialogs->editPageSetup(this, setup) || setup == before)
+    if (!m_dialogs->editPageSetup(this, setup))
+        return false;
+    if (setup.margins != before.margins) {
+        storeMargins(setup.margins);
+        action(QStringLiteral("marginGuides"))->setChecked(true);
+        m_view->setMarginGuides(setup.margins);
+    }
+    if (setup == before)
         return false;
     auto* command = new SetupPageCommand(m_report, setup.pageSize, setup.orientation, setup.customSize);
     command->setText(tr("页面设置"));
@@ -405,9 +616,17 @@ bool DesignerWindow::preview()
                                             workspaceProfileName()));
         return false;
     }
-    Profile profile(ini);
-    TemplatePreview preview(&profile);
-    if (!preview.show(m_report, this)) {
+    PreviewWorkspace copy(ini);
+    if (!copy.profile()) {
+        m_dialogs->showError(this, copy.errorString());
+        return false;
+    }
+    PreviewData data(copy.profile());
+    PreviewChoice choice = data.latest();
+    if (!m_dialogs->choosePreview(this, m_report->type(), data, choice))
+        return false;
+    TemplatePreview preview(copy.profile());
+    if (!preview.show(m_report, choice, this)) {
         m_dialogs->showError(this, preview.errorString());
         return false;
     }

@@ -10,25 +10,31 @@
 #include <memory>
 
 class QAction;
+class QMenu;
 class QLabel;
 class QUndoView;
 
 namespace coagulation {
 
+class CommandNamer;
 class DesignerDialogs;
 class FormatToolBar;
 class GeometryPanel;
 class ItemFactory;
+class ItemOutline;
 class PageView;
+class PropertyPanel;
 class Profile;
 class RecentFiles;
 class Report;
+class ReportArranger;
 class ReportEditor;
 class ReportItemCreator;
+class StyleEditor;
 class ToolPalette;
 
-// The template designer's main window: one report template on a canvas, with the creation
-// tools, the format bar, the position fields and the undo history around it.
+// The template designer's main window: one report template on a canvas with rulers, with the
+// creation tools, the format bar, the property panel, the outline and the undo history around it.
 class DesignerWindow : public QMainWindow
 {
     Q_OBJECT
@@ -50,7 +56,16 @@ public:
     ToolPalette* toolPalette() const { return m_palette; }
     ReportEditor* editor() const { return m_editor; }
     FormatToolBar* formatBar() const { return m_format; }
-    GeometryPanel* geometryPanel() const { return m_geometry; }
+    GeometryPanel* geometryPanel() const;
+    StyleEditor* styleEditor() const { return m_style; }
+    ReportArranger* arranger() const { return m_arranger; }
+    PropertyPanel* propertyPanel() const { return m_properties; }
+    ItemOutline* outline() const { return m_outline; }
+    // The menu a right click on the canvas shows.
+    QMenu* contextMenu() const { return m_contextMenu; }
+    // The grid in millimetres; 0 is the document's own grid of 10 x 10 units.
+    double gridMillimetres() const { return m_gridMm; }
+    void setGridMillimetres(double millimetres);
     QUndoView* undoView() const { return m_undoView; }
     RecentFiles* recentFiles() const { return m_recent; }
     QAction* action(const QString& name) const;
@@ -90,6 +105,11 @@ private:
     void updateTitle();
     void selectionChanged();
     QAction* addAction(const QString& name, const QString& text, const QKeySequence& shortcut = {});
+    void createArrangeActions();
+    void createViewSettings(QMenu* view);
+    void applyGrid();
+    // The file keeps its topmost item first and loading stacks it at the bottom: turn that round.
+    static void restoreFileOrder(Report* report);
 
     Profile* m_profile;
     ItemFactory* m_factory;
@@ -99,7 +119,14 @@ private:
     ToolPalette* m_palette;
     ReportEditor* m_editor;
     FormatToolBar* m_format;
-    GeometryPanel* m_geometry;
+    StyleEditor* m_style;
+    ReportArranger* m_arranger;
+    PropertyPanel* m_properties;
+    ItemOutline* m_outline;
+    CommandNamer* m_namer;
+    QMenu* m_contextMenu = nullptr;
+    QLabel* m_cursorLabel;
+    double m_gridMm = 0;
     QUndoView* m_undoView;
     RecentFiles* m_recent = nullptr;
     QLabel* m_zoomLabel;

@@ -2,8 +2,8 @@
 
 #include "itemcapabilities.h"
 #include "reporteditor.h"
+#include "styleeditor.h"
 
-#include <commands.h>
 #include <reportitembase.h>
 
 #include <QActionGroup>
@@ -54,10 +54,11 @@ const Qt::Alignment alignments[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRi
 
 } // namespace
 
-FormatToolBar::FormatToolBar(ReportEditor* editor, QWidget* parent)
-    : QToolBar(tr("格式"), parent), m_editor(editor), m_family(new QFontComboBox), m_size(new QSpinBox),
-      m_alignments(new QActionGroup(this)), m_penColor(new QToolButton), m_penWidth(new QSpinBox),
-      m_penStyle(new QComboBox), m_brushColor(new QToolButton), m_brushStyle(new QComboBox)
+FormatToolBar::FormatToolBar(ReportEditor* editor, StyleEditor* style, QWidget* parent)
+    : QToolBar(tr("格式"), parent), m_editor(editor), m_style(style), m_family(new QFontComboBox),
+      m_size(new QSpinBox), m_alignments(new QActionGroup(this)), m_penColor(new QToolButton),
+      m_penWidth(new QSpinBox), m_penStyle(new QComboBox), m_brushColor(new QToolButton),
+      m_brushStyle(new QComboBox)
 {
     setObjectName(QStringLiteral("formatToolBar"));
     m_family->setToolTip(tr("字体"));
@@ -80,7 +81,7 @@ FormatToolBar::FormatToolBar(ReportEditor* editor, QWidget* parent)
         action->setCheckable(true);
         action->setData(int(alignments[i]));
         m_alignments->addAction(action);
-        connect(action, &QAction::triggered, this, [this, i] { setAlignment(alignments[i]); });
+        connect(action, &QAction::triggered, this, [this, i] { m_style->setAlignment(alignments[i]); });
     }
     addSeparator();
 
@@ -89,10 +90,7 @@ FormatToolBar::FormatToolBar(ReportEditor* editor, QWidget* parent)
     m_penWidth->setKeyboardTracking(false);
     m_penWidth->setToolTip(tr("线宽"));
     m_penStyle->setToolTip(tr("线型"));
-    const std::pair<Qt::PenStyle, QString> penStyles[] = {
-        {Qt::NoPen, tr("无")},     {Qt::SolidLine, tr("实线")},     {Qt::DashLine, tr("虚线")},
-        {Qt::DotLine, tr("点线")}, {Qt::DashDotLine, tr("点划线")}, {Qt::DashDotDotLine, tr("双点划线")}};
-    for (const auto& [style, name] : penStyles)
+    for (const auto& [style, name] : StyleEditor::penStyles())
         m_penStyle->addItem(name, int(style));
     addWidget(new QWidget); // spacing between groups
     addWidget(m_penColor);
@@ -102,11 +100,7 @@ FormatToolBar::FormatToolBar(ReportEditor* editor, QWidget* parent)
 
     m_brushColor->setToolTip(tr("填充颜色"));
     m_brushStyle->setToolTip(tr("填充样式"));
-    const std::pair<Qt::BrushStyle, QString> brushStyles[] = {
-        {Qt::NoBrush, tr("无填充")},    {Qt::SolidPattern, tr("实心")},      {Qt::Dense4Pattern, tr("网点")},
-        {Qt::HorPattern, tr("横线")},   {Qt::VerPattern, tr("竖线")},        {Qt::CrossPattern, tr("网格")},
-        {Qt::BDiagPattern, tr("斜线")}, {Qt::DiagCrossPattern, tr("斜网格")}};
-    for (const auto& [style, name] : brushStyles)
+    for (const auto& [style, name] : StyleEditor::brushStyles())
         m_brushStyle->addItem(name, int(style));
     addWidget(m_brushColor);
     addWidget(m_brushStyle);
@@ -116,18 +110,18 @@ FormatToolBar::FormatToolBar(ReportEditor* editor, QWidget* parent)
     m_brushControls = {m_brushColor, m_brushStyle};
 
     connect(m_family, &QFontComboBox::currentFontChanged, this,
-            [this](const QFont& font) { setFontFamily(font.family()); });
-    connect(m_size, &QSpinBox::valueChanged, this, &FormatToolBar::setFontPixelSize);
-    connect(m_bold, &QAction::triggered, this, &FormatToolBar::setBold);
-    connect(m_italic, &QAction::triggered, this, &FormatToolBar::setItalic);
-    connect(m_underline, &QAction::triggered, this, &FormatToolBar::setUnderline);
-    connect(m_penColor, &QToolButton::clicked, this, &FormatToolBar::choosePenColor);
-    connect(m_penWidth, &QSpinBox::valueChanged, this, &FormatToolBar::setPenWidth);
+            [this](const QFont& font) { m_style->setFontFamily(font.family()); });
+    connect(m_size, &QSpinBox::valueChanged, m_style, &StyleEditor::setFontPixelSize);
+    connect(m_bold, &QAction::triggered, m_style, &StyleEditor::setBold);
+    connect(m_italic, &QAction::triggered, m_style, &StyleEditor::setItalic);
+    connect(m_underline, &QAction::triggered, m_style, &StyleEditor::setUnderline);
+    connect(m_penColor, &QToolButton::clicked, m_style, &StyleEditor::choosePenColor);
+    connect(m_penWidth, &QSpinBox::valueChanged, m_style, &StyleEditor::setPenWidth);
     connect(m_penStyle, &QComboBox::activated, this,
-            [this] { setPenStyle(Qt::PenStyle(m_penStyle->currentData().toInt())); });
-    connect(m_brushColor, &QToolButton::clicked, this, &FormatToolBar::chooseBrushColor);
+            [this] { m_style->setPenStyle(Qt::PenStyle(m_penStyle->currentData().toInt())); });
+    connect(m_brushColor, &QToolButton::clicked, m_style, &StyleEditor::chooseBrushColor);
     connect(m_brushStyle, &QComboBox::activated, this,
-            [this] { setBrushStyle(Qt::BrushStyle(m_brushStyle->currentData().toInt())); });
+            [this] { m_style->setBrushStyle(Qt::BrushStyle(m_brushStyle->currentData().toInt())); });
     refresh();
 }
 
@@ -149,14 +143,6 @@ QAction* FormatToolBar::alignmentAction(Qt::Alignment alignment) const
         if (Qt::Alignment(action->data().toInt()) == horizontal)
             return action;
     return nullptr;
-}
-
-void FormatToolBar::showColor(QToolButton* button, const QColor& color)
-{
-    QPixmap swatch(16, 16);
-    swatch.fill(color.isValid() ? color : QColor(Qt::transparent));
-    QPainter(&swatch).drawRect(0, 0, 15, 15);
-    button->setIcon(QIcon(swatch));
 }
 
 void FormatToolBar::refresh()
@@ -186,7 +172,7 @@ void FormatToolBar::refresh()
 
     const QFont font = item->font();
     m_family->setCurrentFont(QFont(font.family()));
-    m_size->setValue(font.pixelSize() > 0 ? font.pixelSize() : qRound(font.pointSizeF() * 96 / 72));
+    m_size->setValue(StyleEditor::pixelSize(font));
     m_bold->setChecked(font.weight() > QFont::Medium);
     m_italic->setChecked(font.style() != QFont::StyleNormal);
     m_underline->setChecked(font.underline());
@@ -196,124 +182,12 @@ void FormatToolBar::refresh()
         action->setChecked(true);
 
     const QPen pen = item->pen();
-    showColor(m_penColor, pen.color());
+    m_penColor->setIcon(StyleEditor::swatch(pen.color()));
     m_penWidth->setValue(pen.width());
     m_penStyle->setCurrentIndex(m_penStyle->findData(int(pen.style())));
     const QBrush brush = item->brush();
-    showColor(m_brushColor, brush.color());
+    m_brushColor->setIcon(StyleEditor::swatch(brush.color()));
     m_brushStyle->setCurrentIndex(m_brushStyle->findData(int(brush.style())));
-}
-
-void FormatToolBar::setFontFamily(const QString& family)
-{
-    m_editor->pushForEach(m_editor->selectedItems(), tr("字体"), [&](ReportItem* item, QUndoCommand* parent) {
-        return new FontFamilyCommand(item, family, parent);
-    });
-}
-
-void FormatToolBar::setFontPixelSize(int size)
-{
-    m_editor->pushForEach(m_editor->selectedItems(), tr("字号"), [&](ReportItem* item, QUndoCommand* parent) {
-        return new FontSizeCommand(item, size, parent);
-    });
-}
-
-void FormatToolBar::setBold(bool on)
-{
-    m_editor->pushForEach(m_editor->selectedItems(), tr("粗体"), [&](ReportItem* item, QUndoCommand* parent) {
-        return new FontBoldCommand(item, on, parent);
-    });
-}
-
-void FormatToolBar::setItalic(bool on)
-{
-    m_editor->pushForEach(m_editor->selectedItems(), tr("斜体"), [&](ReportItem* item, QUndoCommand* parent) {
-        return new FontItalicCommand(item, on, parent);
-    });
-}
-
-void FormatToolBar::setUnderline(bool on)
-{
-    m_editor->pushForEach(
-        m_editor->selectedItems(), tr("下划线"),
-        [&](ReportItem* item, QUndoCommand* parent) { return new FontUnderlineCommand(item, on, parent); });
-}
-
-void FormatToolBar::setAlignment(Qt::Alignment alignment)
-{
-    m_editor->pushForEach(m_editor->selectedItems(), tr("对齐"), [&](ReportItem* item, QUndoCommand* parent) {
-        // Only the horizontal part is chosen here; the item keeps its vertical alignment.
-        const Qt::Alignment vertical = item->alignment() & Qt::AlignVertical_Mask;
-        return new TextAlignmentCommand(item, alignment | vertical, parent);
-    });
-}
-
-void FormatToolBar::changePen(const QString& text, const std::function<void(QPen&)>& change)
-{
-    m_editor->pushForEach(m_editor->selectedItems(), text, [&](ReportItem* item, QUndoCommand* parent) {
-        QPen pen = item->pen();
-        change(pen);
-        return new PenCommand(item, pen, parent);
-    });
-}
-
-void FormatToolBar::changeBrush(const QString& text, const std::function<void(QBrush&)>& change)
-{
-    m_editor->pushForEach(m_editor->selectedItems(), text, [&](ReportItem* item, QUndoCommand* parent) {
-        QBrush brush = item->brush();
-        change(brush);
-        return new BrushCommand(item, brush, parent);
-    });
-}
-
-void FormatToolBar::setPenColor(const QColor& color)
-{
-    changePen(tr("线条颜色"), [&](QPen& pen) { pen.setColor(color); });
-}
-
-void FormatToolBar::setPenWidth(int width)
-{
-    changePen(tr("线宽"), [&](QPen& pen) { pen.setWidth(width); });
-}
-
-void FormatToolBar::setPenStyle(Qt::PenStyle style)
-{
-    changePen(tr("线型"), [&](QPen& pen) { pen.setStyle(style); });
-}
-
-void FormatToolBar::setBrushColor(const QColor& color)
-{
-    changeBrush(tr("填充颜色"), [&](QBrush& brush) {
-        brush.setColor(color);
-        // A colour on an empty brush would stay invisible; choosing one means "fill".
-        if (brush.style() == Qt::NoBrush)
-            brush.setStyle(Qt::SolidPattern);
-    });
-}
-
-void FormatToolBar::setBrushStyle(Qt::BrushStyle style)
-{
-    changeBrush(tr("填充样式"), [&](QBrush& brush) { brush.setStyle(style); });
-}
-
-void FormatToolBar::choosePenColor()
-{
-    ReportItem* item = m_editor->selectedItems().value(0);
-    if (!item || !m_chooseColor)
-        return;
-    const QColor color = m_chooseColor(item->pen().color());
-    if (color.isValid())
-        setPenColor(color);
-}
-
-void FormatToolBar::chooseBrushColor()
-{
-    ReportItem* item = m_editor->selectedItems().value(0);
-    if (!item || !m_chooseColor)
-        return;
-    const QColor color = m_chooseColor(item->brush().color());
-    if (color.isValid())
-        setBrushColor(color);
 }
 
 } // namespace coagulation

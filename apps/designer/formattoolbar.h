@@ -15,6 +15,7 @@ namespace coagulation {
 
 class ReportEditor;
 class ReportItem;
+class StyleEditor;
 
 // Font, alignment, pen and brush of the selected items. The controls show the values of the
 // first selected item; every change goes to the undo stack as that property's command.
@@ -22,11 +23,7 @@ class FormatToolBar : public QToolBar
 {
     Q_OBJECT
 public:
-    using ColorChooser = std::function<QColor(const QColor& initial)>;
-
-    explicit FormatToolBar(ReportEditor* editor, QWidget* parent = nullptr);
-    // Asked by the colour buttons; returns an invalid colour when the user cancels.
-    void setColorChooser(const ColorChooser& chooser) { m_chooseColor = chooser; }
+    FormatToolBar(ReportEditor* editor, StyleEditor* style, QWidget* parent = nullptr);
 
     QFontComboBox* fontFamilyBox() const { return m_family; }
     QSpinBox* fontSizeBox() const { return m_size; }
@@ -43,28 +40,12 @@ public:
 public Q_SLOTS:
     // Shows the selection's current values; call after selection changes and undo steps.
     void refresh();
-    void setFontFamily(const QString& family);
-    void setFontPixelSize(int size);
-    void setBold(bool on);
-    void setItalic(bool on);
-    void setUnderline(bool on);
-    void setAlignment(Qt::Alignment alignment);
-    void setPenColor(const QColor& color);
-    void setPenWidth(int width);
-    void setPenStyle(Qt::PenStyle style);
-    void setBrushColor(const QColor& color);
-    void setBrushStyle(Qt::BrushStyle style);
 
 private:
-    void changePen(const QString& text, const std::function<void(QPen&)>& change);
-    void changeBrush(const QString& text, const std::function<void(QBrush&)>& change);
-    void choosePenColor();
-    void chooseBrushColor();
-    void showColor(QToolButton* button, const QColor& color);
     QAction* addToggle(const QString& iconName, const QString& text, const QKeySequence& shortcut);
 
     ReportEditor* m_editor;
-    ColorChooser m_chooseColor;
+    StyleEditor* m_style;
     QFontComboBox* m_family;
     QSpinBox* m_size;
     QAction* m_bold;

@@ -1,5 +1,6 @@
 #include "geometrypanel.h"
 
+#include "itembox.h"
 #include "reporteditor.h"
 
 #include <report.h>
@@ -10,14 +11,6 @@
 #include <QLabel>
 
 namespace coagulation {
-
-namespace {
-// The rectangle that the first two geometry points span (corners, or a line's end points).
-QRectF spanned(const QPolygonF& geometry)
-{
-    return QRectF(pointAt(geometry, 0), pointAt(geometry, 1));
-}
-} // namespace
 
 GeometryPanel::GeometryPanel(ReportEditor* editor, QWidget* parent)
     : QWidget(parent), m_editor(editor), m_x(new QDoubleSpinBox), m_y(new QDoubleSpinBox),
@@ -58,7 +51,7 @@ void GeometryPanel::refresh()
     for (QDoubleSpinBox* box : {m_x, m_y})
         box->setEnabled(item);
     // Only items shaped by two points can be sized by numbers; others are scaled by handles.
-    const bool sizable = item && item->geometry().size() >= 2;
+    const bool sizable = item && ItemBox::isSizedByGeometry(item);
     m_width->setEnabled(sizable);
     m_height->setEnabled(sizable);
     if (!item) {
@@ -69,7 +62,7 @@ void GeometryPanel::refresh()
     const QPointF pos = item->graphicsItem()->pos();
     m_x->setValue(pos.x() / unitsPerMmX());
     m_y->setValue(pos.y() / unitsPerMmY());
-    const QRectF span = spanned(item->geometry());
+    const QRectF span = ItemBox::rect(item);
     m_width->setValue(sizable ? span.width() / unitsPerMmX() : 0);
     m_height->setValue(sizable ? span.height() / unitsPerMmY() : 0);
 }
@@ -86,18 +79,10 @@ void GeometryPanel::positionEdited()
 void GeometryPanel::sizeEdited()
 {
     ReportItem* item = m_editor->currentItem();
-    if (!item || item->geometry().size() < 2)
+    if (!item || !ItemBox::isSizedByGeometry(item))
         return;
-    QPolygonF geometry = item->geometry();
-    const QPointF origin = geometry.at(0);
-    const QPointF oldEnd = geometry.at(1);
-    // Keep the direction the item was drawn in (a line may run leftwards or upwards).
-    const double w = m_width->value() * unitsPerMmX() * (oldEnd.x() < origin.x() ? -1 : 1);
-    const double h = m_height->value() * unitsPerMmY() * (oldEnd.y() < origin.y() ? -1 : 1);
-    geometry[1] = origin + QPointF(w, h);
-    if (geometry.size() == 3) // a text's width marker follows its right edge
-        geometry[2].setX(origin.x() + w);
-    m_editor->setGeometry(item, geometry);
+    m_editor->setGeometry(
+        item, ItemBox::resized(item, m_width->value() * unitsPerMmX(), m_height->value() * unitsPerMmY()));
 }
 
 } // namespace coagulation

@@ -5,6 +5,7 @@
 
 #include <core/profile.h>
 #include <itemfactory.h>
+#include <language.h>
 #include <report.h>
 #include <reportitembase.h>
 
@@ -19,28 +20,47 @@
 
 using namespace coagulation;
 
+namespace coagulation {
+// The texts of the command line.
+struct DesignerMain
+{
+    Q_DECLARE_TR_FUNCTIONS(coagulation::DesignerMain)
+};
+} // namespace coagulation
+
 int main(int argc, char** argv)
 {
+    // Answered before the GUI starts, so that it works without a display.
+    for (int i = 1; i < argc; ++i)
+        if (qstrcmp(argv[i], "--version") == 0 || qstrcmp(argv[i], "-v") == 0) {
+            std::printf("coagulation-designer %s\n", COAGULATION_VERSION);
+            return 0;
+        }
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Coagulation"));
     QApplication::setApplicationName(QStringLiteral("coagulation-designer"));
+    QApplication::setApplicationVersion(QStringLiteral(COAGULATION_VERSION));
+    QString languageError;
+    if (!Language::setUp(Language::fromArguments(QCoreApplication::arguments()), &languageError)) {
+        std::fprintf(stderr, "%s\n", qPrintable(languageError));
+        return 2;
+    }
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Report template designer"));
+    parser.setApplicationDescription(DesignerMain::tr("报表模板设计器"));
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("template"), QStringLiteral("A template (.rpt) to open"));
+    parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("template"), DesignerMain::tr("要打开的模板 (.rpt)"));
     const QCommandLineOption workspaceOption(
         QStringLiteral("workspace"),
-        QStringLiteral("Workspace folder (profile.ini and its databases) whose data fills previews and whose "
-                       "column names the tools offer; default $COAGULATION_WORKSPACE, else out/demo"),
+        DesignerMain::tr("工作区文件夹 (profile.ini 及其数据库)：预览用其数据，工具用其列名；"
+                         "默认为 $COAGULATION_WORKSPACE，否则为 out/demo"),
         QStringLiteral("folder"));
-    const QCommandLineOption selectOption(QStringLiteral("select"),
-                                          QStringLiteral("Select the item with this index (topmost first)"),
-                                          QStringLiteral("index"));
+    const QCommandLineOption selectOption(
+        QStringLiteral("select"), DesignerMain::tr("选中此序号的项目 (最上层为 0)"), QStringLiteral("index"));
     const QCommandLineOption screenshotOption(QStringLiteral("screenshot"),
-                                              QStringLiteral("Save a picture of the window and quit"),
-                                              QStringLiteral("png"));
-    parser.addOptions({workspaceOption, selectOption, screenshotOption});
+                                              DesignerMain::tr("保存窗口截图后退出"), QStringLiteral("png"));
+    parser.addOptions({workspaceOption, selectOption, screenshotOption, Language::option()});
     parser.process(app);
 
     QString workspace = parser.value(workspaceOption);
@@ -51,8 +71,10 @@ int main(int argc, char** argv)
     if (QFileInfo(ini).isFile()) {
         profile = std::make_unique<Profile>(ini);
     } else {
-        std::fprintf(stderr, "No workspace at %s: data fields and previews need one (make demo creates it)\n",
-                     qPrintable(QDir::toNativeSeparators(QDir(workspace).absolutePath())));
+        std::fprintf(
+            stderr, "%s\n",
+            qPrintable(DesignerMain::tr("%1 中没有工作区：数据字段和预览需要工作区 (make demo 会创建一个)")
+                           .arg(QDir::toNativeSeparators(QDir(workspace).absolutePath()))));
         profile = std::make_unique<Profile>();
     }
 

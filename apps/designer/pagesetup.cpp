@@ -6,7 +6,11 @@ namespace coagulation {
 
 PageSetup PageSetup::of(const Report* report)
 {
-    return {report->pageSize(), report->orientation(), report->pageSizeF()};
+    PageSetup setup;
+    setup.pageSize = report->pageSize();
+    setup.orientation = report->orientation();
+    setup.customSize = report->pageSizeF();
+    return setup;
 }
 
 bool PageSetup::operator==(const PageSetup& other) const

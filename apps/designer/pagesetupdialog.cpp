@@ -4,7 +4,9 @@
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QRadioButton>
 
 namespace coagulation {
@@ -36,6 +38,21 @@ PageSetupDialog::PageSetupDialog(const PageSetup& setup, QWidget* parent)
     form->addRow(tr("宽度:"), m_width);
     form->addRow(tr("高度:"), m_height);
     form->addRow(tr("方向:"), orientation);
+    // Guides for the designer; printers add no margins of their own to a report page.
+    auto* margins = new QGridLayout;
+    const QString marginNames[] = {tr("左"), tr("上"), tr("右"), tr("下")};
+    const double marginValues[] = {setup.margins.left(), setup.margins.top(), setup.margins.right(),
+                                   setup.margins.bottom()};
+    for (int i = 0; i < 4; ++i) {
+        m_margins[i] = new QDoubleSpinBox;
+        m_margins[i]->setRange(0, 100);
+        m_margins[i]->setDecimals(1);
+        m_margins[i]->setSuffix(tr(" 毫米"));
+        m_margins[i]->setValue(marginValues[i]);
+        margins->addWidget(new QLabel(marginNames[i]), i / 2, (i % 2) * 2);
+        margins->addWidget(m_margins[i], i / 2, (i % 2) * 2 + 1);
+    }
+    form->addRow(tr("页边距参考线:"), margins);
     form->addRow(buttons);
 
     int index = m_size->findData(int(setup.pageSize));
@@ -69,6 +86,8 @@ PageSetup PageSetupDialog::pageSetup() const
     setup.pageSize = QPageSize::PageSizeId(m_size->currentData().toInt());
     setup.orientation = m_landscape->isChecked() ? QPageLayout::Landscape : QPageLayout::Portrait;
     setup.customSize = QSizeF(m_width->value(), m_height->value());
+    setup.margins =
+        QMarginsF(m_margins[0]->value(), m_margins[1]->value(), m_margins[2]->value(), m_margins[3]->value());
     return setup;
 }
 

@@ -28,6 +28,7 @@ private:
     QDoubleSpinBox* m_height;
     QRadioButton* m_portrait;
     QRadioButton* m_landscape;
+    QDoubleSpinBox* m_margins[4];
 };
 
 } // namespace coagulation

@@ -1,7 +1,12 @@
 #include "pageview.h"
 
-#include <report.h>
+#include "itemdescription.h"
+#include "ruler.h"
 
+#include <report.h>
+#include <reportitembase.h>
+
+#include <QContextMenuEvent>
 #include <QGraphicsTextItem>
 #include <QKeyEvent>
 #include <QPainter>
@@ -19,8 +24,11 @@ constexpr double zoomStep = 1.25;
 constexpr double deskMargin = 40; // scene units of desk around the sheet
 } // namespace
 
-PageView::PageView(QWidget* parent) : QGraphicsView(parent)
+PageView::PageView(QWidget* parent)
+    : QGraphicsView(parent), m_rulers{new Ruler(Qt::Horizontal, this), new Ruler(Qt::Vertical, this)}
 {
+    setViewportMargins(Ruler::breadth, Ruler::breadth, 0, 0);
+    setMouseTracking(true);
     setBackgroundRole(QPalette::Dark);
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     setViewportUpdateMode(QGraphicsView::FullViewportUpdate);
@@ -47,6 +55,90 @@ void PageView::pageChanged(const QRectF& page)
 {
     setSceneRect(page.adjusted(-deskMargin, -deskMargin, deskMargin, deskMargin));
     viewport()->update();
+    updateRulers();
+}
+
+void PageView::setGridSize(const QSizeF& size)
+{
+    m_grid = size;
+    viewport()->update();
+}
+
+void PageView::setMarginGuides(const QMarginsF& millimetres)
+{
+    m_margins = millimetres;
+    viewport()->update();
+}
+
+void PageView::updateRulers()
+{
+    if (Report* r = report()) {
+        m_rulers[0]->setUnitsPerMm(r->dpiX() / 25.4);
+        m_rulers[1]->setUnitsPerMm(r->dpiY() / 25.4);
+    }
+    for (Ruler* ruler : m_rulers)
+        ruler->update();
+}
+
+void PageView::resizeEvent(QResizeEvent* event)
+{
+    QGraphicsView::resizeEvent(event);
+    const QRect port = viewport()->geometry();
+    m_rulers[0]->setGeometry(port.left(), port.top() - Ruler::breadth, port.width(), Ruler::breadth);
+    m_rulers[1]->setGeometry(port.left() - Ruler::breadth, port.top(), Ruler::breadth, port.height());
+}
+
+void PageView::scrollContentsBy(int dx, int dy)
+{
+    QGraphicsView::scrollContentsBy(dx, dy);
+    updateRulers();
+}
+
+void PageView::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointF scene = mapToScene(event->position().toPoint());
+    m_rulers[0]->setCursorPosition(scene.x());
+    m_rulers[1]->setCursorPosition(scene.y());
+    if (Report* r = report())
+        Q_EMIT cursorMoved(QPointF(scene.x() * 25.4 / r->dpiX(), scene.y() * 25.4 / r->dpiY()));
+    QGraphicsView::mouseMoveEvent(event);
+}
+
+void PageView::leaveEvent(QEvent* event)
+{
+    for (Ruler* ruler : m_rulers)
+        ruler->setCursorPosition(qQNaN());
+    QGraphicsView::leaveEvent(event);
+}
+
+ReportItem* PageView::reportItemAt(const QPoint& pos) const
+{
+    for (QGraphicsItem* item = itemAt(pos); item; item = item->parentItem())
+        if (ReportItem* found = ReportItem::fromGraphicsItem(item))
+            return found;
+    return nullptr;
+}
+
+void PageView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    ReportItem* item = reportItemAt(event->position().toPoint());
+    if (item && ItemDescription::binding(item->key()) != ItemDescription::NoBinding) {
+        Q_EMIT bindingRequested(item);
+        event->accept();
+        return;
+    }
+    QGraphicsView::mouseDoubleClickEvent(event);
+}
+
+void PageView::contextMenuEvent(QContextMenuEvent* event)
+{
+    ReportItem* item = reportItemAt(event->pos());
+    if (item && !item->graphicsItem()->isSelected() && scene()) {
+        scene()->clearSelection();
+        item->graphicsItem()->setSelected(true);
+    }
+    Q_EMIT contextMenuRequested(event->globalPos());
+    event->accept();
 }
 
 void PageView::setZoom(double zoom)
@@ -56,6 +148,7 @@ void PageView::setZoom(double zoom)
         return;
     m_zoom = zoom;
     setTransform(QTransform::fromScale(zoom, zoom));
+    updateRulers();
     Q_EMIT zoomChanged(zoom);
 }
 
@@ -101,7 +194,7 @@ void PageView::drawBackground(QPainter* painter, const QRectF& rect)
     painter->fillRect(page, Qt::white);
 
     // Grid dots, thinned out when zoomed so far out that they would cover the sheet.
-    const QSizeF grid = r->gridSize();
+    const QSizeF grid = m_grid;
     if (grid.width() > 0 && grid.height() > 0) {
         int every = 1;
         while (grid.width() * every * m_zoom < 6 || grid.height() * every * m_zoom < 6)
@@ -117,6 +210,16 @@ void PageView::drawBackground(QPainter* painter, const QRectF& rect)
         pen.setWidth(1);
         painter->setPen(pen);
         painter->drawPoints(dots.constData(), int(dots.size()));
+    }
+
+    if (!m_margins.isNull()) {
+        const double x = r->dpiX() / 25.4, y = r->dpiY() / 25.4;
+        QPen guide(QColor(70, 130, 220), 1, Qt::DashLine);
+        guide.setCosmetic(true);
+        painter->setPen(guide);
+        painter->setBrush(Qt::NoBrush);
+        painter->drawRect(page.adjusted(m_margins.left() * x, m_margins.top() * y, -m_margins.right() * x,
+                                        -m_margins.bottom() * y));
     }
 
     QPen border(QColor(90, 90, 90));

@@ -1,6 +1,9 @@
 #include "reporteditor.h"
 
+#include "designmodesuspender.h"
+
 #include <commands.h>
+#include <itemfactory.h>
 #include <report.h>
 #include <reportitembase.h>
 #include <tracker.h>
@@ -15,27 +18,6 @@
 namespace coagulation {
 
 namespace {
-
-// Position changes made by the editor carry their own undo command; while it works, the
-// document must neither snap them to the grid nor record each one again.
-class DesignModeSuspender
-{
-public:
-    explicit DesignModeSuspender(Report* report) : report(report), wasOn(report->isDesignMode())
-    {
-        report->setDesignMode(false);
-    }
-    ~DesignModeSuspender()
-    {
-        report->setDesignMode(wasOn);
-        if (report->tracker())
-            report->tracker()->updateGeometry();
-    }
-
-private:
-    Report* report;
-    bool wasOn;
-};
 
 QList<QGraphicsItem*> graphicsItems(const QList<ReportItem*>& items)
 {
@@ -60,6 +42,26 @@ void ReportEditor::setReport(Report* report)
 {
     m_report = report;
     m_pasteCount = 0;
+    m_selectionOrder.clear();
+}
+
+void ReportEditor::selectionChanged()
+{
+    const QList<ReportItem*> selected = selectedItems();
+    m_selectionOrder.removeIf([&](ReportItem* item) { return !selected.contains(item); });
+    // Items selected together (a rubber band) join in their stacking order, topmost first.
+    for (ReportItem* item : selected)
+        if (!m_selectionOrder.contains(item))
+            m_selectionOrder.append(item);
+}
+
+ReportItem* ReportEditor::firstSelected() const
+{
+    const QList<ReportItem*> selected = selectedItems();
+    for (ReportItem* item : m_selectionOrder)
+        if (selected.contains(item))
+            return item;
+    return selected.value(0);
 }
 
 QList<ReportItem*> ReportEditor::selectedItems() const
@@ -147,12 +149,12 @@ QList<ReportItem*> ReportEditor::pasteData(const QMimeData* data)
     // Each paste of the same clipboard lands one grid step further, so copies don't hide
     // each other or their originals.
     ++m_pasteCount;
-    const QPointF offset(m_report->gridSize().width() * m_pasteCount,
-                         m_report->gridSize().height() * m_pasteCount);
+    const QPointF offset(m_grid.width() * m_pasteCount, m_grid.height() * m_pasteCount);
     auto* command = new QUndoCommand(tr("粘贴"));
-    for (ReportItem* item : items) {
-        item->graphicsItem()->setPos(item->graphicsItem()->pos() + offset);
-        new NewCommand(m_report, item, command);
+    // The list runs topmost first; adding the bottom one first keeps the copied stacking order.
+    for (auto it = items.crbegin(); it != items.crend(); ++it) {
+        (*it)->graphicsItem()->setPos((*it)->graphicsItem()->pos() + offset);
+        new NewCommand(m_report, *it, command);
     }
     m_report->clearSelection();
     m_report->undoStack()->push(command);
@@ -190,7 +192,7 @@ void ReportEditor::nudge(int dx, int dy, bool fine)
 {
     if (!m_report)
         return;
-    const QSizeF step = fine ? QSizeF(1, 1) : m_report->gridSize();
+    const QSizeF step = fine ? QSizeF(1, 1) : m_grid;
     moveSelection(QPointF(dx * step.width(), dy * step.height()));
 }
 
@@ -201,7 +203,7 @@ void ReportEditor::moveSelection(const QPointF& offset)
         return;
     const QList<QGraphicsItem*> graphics = graphicsItems(items);
     auto* command = new PositionCommand(graphics);
-    command->setText(tr("移动"));
+    command->setText(tr("移动 %n 项", nullptr, int(items.size())));
     {
         DesignModeSuspender suspend(m_report);
         for (QGraphicsItem* item : graphics)
@@ -211,12 +213,35 @@ void ReportEditor::moveSelection(const QPointF& offset)
     m_report->undoStack()->push(command);
 }
 
+ReportItem* ReportEditor::replaceItem(ReportItem* item, const QString& key)
+{
+    if (!m_report || !item || !m_report->factory() || key == item->key())
+        return nullptr;
+    ReportItem* replacement = m_report->factory()->create(key);
+    if (!replacement)
+        return nullptr;
+    replacement->setKey(key);
+    replacement->setFont(item->font());
+    replacement->setAlignment(item->alignment());
+    replacement->setPen(item->pen());
+    replacement->setBrush(item->brush());
+    replacement->setGeometry(item->geometry());
+    replacement->graphicsItem()->setPos(item->graphicsItem()->pos());
+    replacement->graphicsItem()->setTransform(item->graphicsItem()->transform());
+    auto* command = new QUndoCommand(tr("更改内容"));
+    new DeleteCommand(item, command);
+    new NewCommand(m_report, replacement, command);
+    m_report->undoStack()->push(command);
+    select(m_report, {replacement});
+    return replacement;
+}
+
 void ReportEditor::setGeometry(ReportItem* item, const QPolygonF& geometry)
 {
     if (!m_report || !item || item->geometry() == geometry)
         return;
     auto* command = new GeometryCommand(item);
-    command->setText(tr("改变大小"));
+    command->setText(tr("调整大小"));
     item->setGeometry(geometry);
     m_report->undoStack()->push(command);
 }

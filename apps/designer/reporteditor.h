@@ -25,11 +25,17 @@ public:
 
     Report* report() const { return m_report; }
     void setReport(Report* report);
+    // The designer's grid in scene units: the step of nudges and of repeated pastes, also
+    // while the document's own snapping is switched off.
+    QSizeF gridSize() const { return m_grid; }
+    void setGridSize(const QSizeF& size) { m_grid = size; }
 
     // The selected report items, topmost first.
     QList<ReportItem*> selectedItems() const;
     // The only selected report item, or null.
     ReportItem* currentItem() const;
+    // Of the selected items, the one the user selected first (the model for "same size").
+    ReportItem* firstSelected() const;
 
     // The selected items in the clipboard's form; null when nothing is selected.
     QMimeData* copyData() const;
@@ -44,6 +50,8 @@ public:
                      const std::function<QUndoCommand*(ReportItem*, QUndoCommand*)>& make);
 
 public Q_SLOTS:
+    // Follows the order in which the user selects items; call when the selection changes.
+    void selectionChanged();
     void deleteSelection();
     void copy();
     void cut();
@@ -53,12 +61,17 @@ public Q_SLOTS:
     void nudge(int dx, int dy, bool fine);
     // Moves the selection by an exact offset in scene units, recorded as one move.
     void moveSelection(const QPointF& offset);
+    // Puts an item showing something else (another key of the factory) in the item's place,
+    // with its style, position and size, as one step. Returns the new item, or null.
+    ReportItem* replaceItem(ReportItem* item, const QString& key);
     // Gives an item a new geometry (item coordinates), recorded as one geometry change.
     void setGeometry(ReportItem* item, const QPolygonF& geometry);
 
 private:
     QPointer<Report> m_report;
     int m_pasteCount = 0;
+    QList<ReportItem*> m_selectionOrder;
+    QSizeF m_grid{10, 10};
 };
 
 } // namespace coagulation

@@ -20,11 +20,6 @@
 namespace coagulation {
 
 namespace {
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("coagulation::TemplatePreview", text);
-}
-
 // The profile keys under which the printer looks up its template for each report type.
 QStringList templateKeys(kv::ReportType type)
 {
@@ -49,7 +44,7 @@ bool TemplatePreview::fail(const QString& message)
     return false;
 }
 
-bool TemplatePreview::show(Report* report, QWidget* parent)
+bool TemplatePreview::show(Report* report, const PreviewChoice& choice, QWidget* parent)
 {
     if (!m_profile)
         return fail(tr("没有可用的工作区"));
@@ -93,22 +88,20 @@ bool TemplatePreview::show(Report* report, QWidget* parent)
     // The printer reports its own failures to the user; a cancelled preview is no error.
     PreviewData data(m_profile);
     switch (report->type()) {
-    case kv::PatientReport: {
-        const QList<qint64> ids = data.patientIds();
-        if (ids.isEmpty())
+    case kv::PatientReport:
+        if (choice.patientIds.isEmpty())
             return fail(tr("工作区中没有病人结果"));
-        printer->store(ids, m_profile->dataDatabase(), DataStorage::StorePreview);
+        printer->store(choice.patientIds, m_profile->dataDatabase(), DataStorage::StorePreview);
         break;
-    }
     case kv::QcReport: {
-        const QList<QcExportData*> series = data.qcData();
+        const QList<QcExportData*> series = data.qcData(choice);
         if (series.isEmpty())
-            return fail(tr("工作区中没有质控数据"));
+            return fail(tr("所选质控品在所选日期内没有质控数据"));
         printer->store(series, DataStorage::StorePreview);
         break;
     }
     default: {
-        const MaintenanceExportData* maintenance = data.maintenanceData();
+        const MaintenanceExportData* maintenance = data.maintenanceData(choice);
         if (!maintenance)
             return fail(tr("工作区中没有维护记录"));
         printer->store(maintenance, DataStorage::StorePreview);

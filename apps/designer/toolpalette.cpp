@@ -4,6 +4,7 @@
 #include <reportitemcreator.h>
 
 #include <QButtonGroup>
+#include <QStyle>
 #include <QToolBox>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -70,6 +71,13 @@ void ToolPalette::setCreators(const QList<ReportItemCreator*>& creators)
         connect(creator, &ReportItemCreator::finished, this, &ToolPalette::toolFinished,
                 Qt::QueuedConnection);
     }
+    // Wide enough for the longest name beside a possible vertical scroll bar: no name is cut
+    // off and no horizontal scroll bar appears.
+    int widest = 0;
+    for (QAbstractButton* button : std::as_const(m_buttons))
+        widest = std::max(widest, button->sizeHint().width());
+    setMinimumWidth(widest + style()->pixelMetric(QStyle::PM_ScrollBarExtent) +
+                    4 * style()->pixelMetric(QStyle::PM_DefaultFrameWidth) + 8);
     activatePointer();
 }
 

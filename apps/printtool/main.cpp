@@ -1,13 +1,15 @@
 // coagulation-print: prints patient, QC and maintenance reports through the report plug-in.
 #include "printtool.h"
 #include "toolarguments.h"
+#include "unattendeddialogs.h"
 
 #include <core/information.h>
+#include <language.h>
 
 #include <QApplication>
-#include <QLocale>
 
 #include <cstdio>
+#include <memory>
 
 using namespace coagulation;
 
@@ -23,6 +25,23 @@ void offscreenHandler(QtMsgType type, const QMessageLogContext& context, const Q
         message.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")))
         return;
     defaultHandler(type, context, message);
+}
+
+// Whether windows can be shown at all: without a display the platform plug-in would abort the
+// tool before it could say why.
+bool hasDisplay()
+{
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    if (platform.startsWith("offscreen") || platform.startsWith("minimal"))
+        return false;
+    return !platform.isEmpty() || !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
+int needsDisplay()
+{
+    std::fprintf(stderr, "coagulation-print: --dialog and --preview need a display\n");
+    return PrintTool::Failure;
 }
 
 } // namespace
@@ -41,6 +60,8 @@ int main(int argc, char** argv)
 
     const bool showsWindows =
         parsed.destination == ToolArguments::PrintDialog || parsed.destination == ToolArguments::Preview;
+    if (showsWindows && !hasDisplay())
+        return needsDisplay();
     if (!showsWindows) {
         // Nobody is there to answer a message box: the module's messages go to stderr.
         qputenv("COAGULATION_NONINTERACTIVE", "1");
@@ -52,12 +73,17 @@ int main(int argc, char** argv)
         defaultHandler = qInstallMessageHandler(offscreenHandler);
     QApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("coagulation-print"));
-    // The laboratory's reports show dates and times the Chinese way.
-    QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
-
-    if (showsWindows && !InformationLog::isInteractive()) {
-        std::fprintf(stderr, "coagulation-print: --dialog and --preview need a display\n");
+    QString languageError;
+    if (!Language::setUp(parsed.language, &languageError)) {
+        std::fprintf(stderr, "coagulation-print: %s\n", qPrintable(languageError));
         return PrintTool::Failure;
     }
+
+    if (showsWindows && !InformationLog::isInteractive())
+        return needsDisplay();
+    // Nobody answers a dialog the plug-in opens (a template to pick for QC samples): it is cancelled.
+    std::unique_ptr<UnattendedDialogs> unattended;
+    if (!showsWindows)
+        unattended = std::make_unique<UnattendedDialogs>();
     return PrintTool().run(parsed);
 }

@@ -180,6 +180,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
     }
 
     Profile* profile = workspace->profile();
+    if (arguments.archival)
+        profile->setValue(QStringLiteral("report/pdfa"), true, false);
     ReportSources sources(profile);
     const DataStorage::StoreMode mode = storeMode(arguments.destination);
     bool stored = false;

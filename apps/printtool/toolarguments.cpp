@@ -1,5 +1,7 @@
 #include "toolarguments.h"
 
+#include <language.h>
+
 #include <QCommandLineParser>
 
 namespace coagulation {
@@ -24,6 +26,7 @@ const QList<OptionUse>& optionUses()
         {"output", printCommands},
         {"dialog", printCommands},
         {"preview", printCommands},
+        {"pdfa", printCommands},
         {"from", {ToolArguments::Qc}},
         {"to", {ToolArguments::Qc}},
         {"month", {ToolArguments::Maintenance}},
@@ -43,6 +46,7 @@ void addOptions(QCommandLineParser& parser)
         {{QStringLiteral("o"), QStringLiteral("output")}, QString(), QStringLiteral("file")},
         {QStringLiteral("dialog"), QString()},
         {QStringLiteral("preview"), QString()},
+        {QStringLiteral("pdfa"), QString()},
         {QStringLiteral("from"), QString(), QStringLiteral("date")},
         {QStringLiteral("to"), QString(), QStringLiteral("date")},
         {QStringLiteral("month"), QString(), QStringLiteral("month")},
@@ -50,6 +54,7 @@ void addOptions(QCommandLineParser& parser)
         {QStringLiteral("patients"), QString(), QStringLiteral("count")},
         {QStringLiteral("template-source"), QString(), QStringLiteral("folder")},
         {{QStringLiteral("h"), QStringLiteral("help")}, QString()},
+        Language::option(),
     });
 }
 
@@ -87,16 +92,21 @@ QString ToolArguments::helpText()
         "  -o, --output FILE      write a PDF file instead of printing on the default printer\n"
         "  --dialog               choose the printer in a print dialog first\n"
         "  --preview              show a print preview, from which one can print\n"
+        "  --pdfa                 write the PDF as PDF/A-1b, for archiving (for this run; the\n"
+        "                         profile's \"report/pdfa\" = true makes it the default)\n"
         "  --from DATE, --to DATE qc: only results measured in this range (yyyy-MM-dd)\n"
         "  --month MONTH          maintenance: the month, yyyy-MM (required)\n"
         "  --workbench ID         maintenance: the workbench (default: the first one)\n"
         "  --patients COUNT       demo: number of patient samples to generate (default 200)\n"
         "  --template-source DIR  demo: where the default templates are copied from\n"
+        "  --language NAME        zh_CN (the default) or en: the language of messages, reports\n"
+        "                         and of the demo's templates and data (default: LANGUAGE,\n"
+        "                         LC_ALL or LANG when they name English)\n"
         "  -h, --help             shows this text\n"
         "\n"
         "Without --output, --dialog or --preview the reports go to the default printer. Messages\n"
         "of the report module go to stderr unless a dialog or preview is shown. Dates and times\n"
-        "are printed in the Chinese (China) format.\n"
+        "are printed in the format of the chosen language.\n"
         "\n"
         "Exit status: 0 printed, 1 the job failed (data or template missing, printing failed),\n"
         "2 wrong arguments.\n"
@@ -140,6 +150,11 @@ bool ToolArguments::parse(const QStringList& arguments)
     addOptions(parser);
     if (!parser.parse(arguments))
         return fail(parser.errorText());
+    language = parser.value(QStringLiteral("language"));
+    bool known = true;
+    Language::choose(language, &known);
+    if (!known)
+        return fail(QStringLiteral("--language '%1' is not one of zh_CN and en").arg(language));
     if (parser.isSet(QStringLiteral("help"))) {
         command = Help;
         return true;
@@ -182,6 +197,7 @@ bool ToolArguments::parse(const QStringList& arguments)
     profileFile = parser.value(QStringLiteral("profile"));
     templateDirectory = parser.value(QStringLiteral("template-dir"));
     templateName = parser.value(QStringLiteral("template"));
+    archival = parser.isSet(QStringLiteral("pdfa"));
     if ((printCommands.contains(command) || command == Templates) && profileFile.isEmpty())
         return fail(QStringLiteral("The command '%1' needs a profile (--profile FILE)").arg(name));
 

@@ -25,7 +25,8 @@ public:
     QString templateDirectory; // empty: the profile's
     QString templateName;      // empty: the remembered one
     QString outputFile;
-    QList<qint64> ids; // patients or reagents
+    bool archival = false; // PDF/A-1b
+    QList<qint64> ids;     // patients or reagents
     QStringList sampleNumbers;
     QDate from; // QC range, open when invalid
     QDate to;
@@ -34,6 +35,7 @@ public:
     QString demoFolder;
     int demoPatients = 200;
     QString templateSource; // demo: where the default templates are copied from
+    QString language;       // empty: from the environment
 
 private:
     bool fail(const QString& message);

@@ -13,16 +13,21 @@
 
 namespace coagulation {
 
+QString DefaultTemplate::name() const
+{
+    return TemplateBuilder::tr(title);
+}
+
 const QList<DefaultTemplate>& DefaultTemplates::all()
 {
     static const QList<DefaultTemplate> list = {
-        {QStringLiteral("凝血检验报告单"), kv::PatientReport, QStringLiteral("report/template"),
-         &Layouts::patientReport},
-        {QStringLiteral("质控样本报告单"), kv::PatientReport, QStringLiteral("report/qc"),
-         &Layouts::qcSampleReport},
-        {QStringLiteral("室内质控报告"), kv::QcReport, QStringLiteral("report/qctemplate"),
-         &Layouts::qcReport},
-        {QStringLiteral("维护保养记录"), kv::MaintenanceRecordReport,
+        {QT_TRANSLATE_NOOP("coagulation::TemplateBuilder", "凝血检验报告单"), kv::PatientReport,
+         QStringLiteral("report/template"), &Layouts::patientReport},
+        {QT_TRANSLATE_NOOP("coagulation::TemplateBuilder", "质控样本报告单"), kv::PatientReport,
+         QStringLiteral("report/qc"), &Layouts::qcSampleReport},
+        {QT_TRANSLATE_NOOP("coagulation::TemplateBuilder", "室内质控报告"), kv::QcReport,
+         QStringLiteral("report/qctemplate"), &Layouts::qcReport},
+        {QT_TRANSLATE_NOOP("coagulation::TemplateBuilder", "维护保养记录"), kv::MaintenanceRecordReport,
          QStringLiteral("report/maintenanceRecord"), &Layouts::maintenanceReport},
     };
     return list;
@@ -31,7 +36,7 @@ const QList<DefaultTemplate>& DefaultTemplates::all()
 const DefaultTemplate* DefaultTemplates::find(const QString& name)
 {
     for (const DefaultTemplate& entry : all()) {
-        if (entry.name == name)
+        if (entry.name() == name)
             return &entry;
     }
     return nullptr;
@@ -59,7 +64,7 @@ bool DefaultTemplates::writeAll(const QString& directory, QString* errorString)
     for (const DefaultTemplate& entry : all()) {
         Report report(&profile, nullptr);
         build(entry, &report);
-        QSaveFile file(dir.filePath(entry.name + QLatin1Char('.') + Report::suffix));
+        QSaveFile file(dir.filePath(entry.name() + QLatin1Char('.') + Report::suffix));
         if (!file.open(QIODevice::WriteOnly)) {
             *errorString =
                 QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(file.fileName()), file.errorString());

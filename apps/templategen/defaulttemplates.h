@@ -13,10 +13,12 @@ class TemplateBuilder;
 // One of the templates a new installation starts with.
 struct DefaultTemplate
 {
-    QString name; // base name of the template file
+    const char* title; // base name of the template file, in Chinese
     kv::ReportType type;
     QString settingKey; // profile key under which the printer remembers the choice
     void (*build)(TemplateBuilder& builder);
+
+    QString name() const; // the title in the session's language
 };
 
 // The default templates, built in code so that they can be reviewed and rebuilt.

@@ -25,12 +25,13 @@ void footer(TemplateBuilder& builder)
     const double y = builder.pageHeight() - 78;
     builder.line(QLineF(margin, y, margin + width, y), 1.0);
     const TextStyle label{12, false, Qt::AlignLeft, -1};
-    builder.text(QStringLiteral("打印日期："), QPointF(margin, y + 4), label);
-    builder.prop(QStringLiteral("date"), QStringLiteral("[打印日期]"), QPointF(margin + 62, y + 4), label);
-    builder.text(QStringLiteral("打印时间："), QPointF(margin + width / 2 - 90, y + 4), label);
-    builder.prop(QStringLiteral("time"), QStringLiteral("[打印时间]"),
+    builder.text(TemplateBuilder::tr("打印日期："), QPointF(margin, y + 4), label);
+    builder.prop(QStringLiteral("date"), TemplateBuilder::tr("[打印日期]"), QPointF(margin + 62, y + 4),
+                 label);
+    builder.text(TemplateBuilder::tr("打印时间："), QPointF(margin + width / 2 - 90, y + 4), label);
+    builder.prop(QStringLiteral("time"), TemplateBuilder::tr("[打印时间]"),
                  QPointF(margin + width / 2 - 28, y + 4), label);
-    builder.text(QStringLiteral("页码："), QPointF(margin + width - 100, y + 4), label);
+    builder.text(TemplateBuilder::tr("页码："), QPointF(margin + width - 100, y + 4), label);
     builder.prop(QStringLiteral("page"), QStringLiteral("1/1"), QPointF(margin + width - 62, y + 4), label);
 }
 

@@ -32,8 +32,9 @@ double resultsSection(TemplateBuilder& builder, double y)
     auto* table = new ReportPatientTableItem(builder.profile());
     table->setFont(TemplateBuilder::font(14));
     table->setGeometry(TemplateBuilder::tablePolygon(QSizeF(width, rows * rowHeight), rowHeight, widths));
-    builder.columnCaptions({QStringLiteral("代码"), QStringLiteral("项目名称"), QStringLiteral("结果"),
-                            QStringLiteral("单位"), QStringLiteral("提示"), QStringLiteral("参考区间")},
+    builder.columnCaptions({TemplateBuilder::tr("代码"), TemplateBuilder::tr("项目名称"),
+                            TemplateBuilder::tr("结果"), TemplateBuilder::tr("单位"),
+                            TemplateBuilder::tr("提示"), TemplateBuilder::tr("参考区间")},
                            widths, flags, QPointF(margin, y), table->spacing());
     builder.line(QLineF(margin, y + 30, margin + width, y + 30), 1.0);
     builder.add(table, QStringLiteral("Results"), QPointF(margin, y + 34));
@@ -45,13 +46,13 @@ double resultsSection(TemplateBuilder& builder, double y)
 // Signatures, the remark and the disclaimer above the footer.
 void signatures(TemplateBuilder& builder, double remarkY)
 {
-    builder.labelledField(QStringLiteral("备注："), QStringLiteral("patient"), QStringLiteral("remark"),
+    builder.labelledField(TemplateBuilder::tr("备注："), QStringLiteral("patient"), QStringLiteral("remark"),
                           QPointF(margin, remarkY), 52, 600);
     const double y = builder.pageHeight() - 130;
-    PageFurniture::signature(builder, QStringLiteral("检验者："), QPointF(columnX[0], y));
-    PageFurniture::signature(builder, QStringLiteral("审核者："), QPointF(columnX[2], y));
+    PageFurniture::signature(builder, TemplateBuilder::tr("检验者："), QPointF(columnX[0], y));
+    PageFurniture::signature(builder, TemplateBuilder::tr("审核者："), QPointF(columnX[2], y));
     const double width = builder.pageWidth() - 2 * margin;
-    builder.text(QStringLiteral("本报告仅对所检测标本负责，如有疑问请于三日内与检验科联系。"),
+    builder.text(TemplateBuilder::tr("本报告仅对所检测标本负责，如有疑问请于三日内与检验科联系。"),
                  QPointF(margin, builder.pageHeight() - 104), {12, false, Qt::AlignHCenter, width});
 }
 
@@ -68,40 +69,40 @@ void finishPage(TemplateBuilder& builder, double y)
 
 void Layouts::patientReport(TemplateBuilder& builder)
 {
-    double y = PageFurniture::header(builder, QStringLiteral("凝血检验报告单")) + 6;
-    labelled(builder, QStringLiteral("姓名："), QStringLiteral("name"), 0, y, 52);
-    labelled(builder, QStringLiteral("性别："), QStringLiteral("sex"), 1, y, 52);
-    builder.text(QStringLiteral("年龄："), QPointF(columnX[2], y), {14, false, Qt::AlignLeft, 52});
+    double y = PageFurniture::header(builder, TemplateBuilder::tr("凝血检验报告单")) + 6;
+    labelled(builder, TemplateBuilder::tr("姓名："), QStringLiteral("name"), 0, y, 52);
+    labelled(builder, TemplateBuilder::tr("性别："), QStringLiteral("sex"), 1, y, 52);
+    builder.text(TemplateBuilder::tr("年龄："), QPointF(columnX[2], y), {14, false, Qt::AlignLeft, 52});
     builder.field(QStringLiteral("patient"), QStringLiteral("age"), QPointF(columnX[2] + 52, y),
                   {14, false, Qt::AlignRight, 36});
     builder.field(QStringLiteral("patient"), QStringLiteral("ageUnit"), QPointF(columnX[2] + 80, y),
                   {14, false, Qt::AlignLeft, 60});
-    labelled(builder, QStringLiteral("样本号："), QStringLiteral("sampleNo"), 3, y, 66);
+    labelled(builder, TemplateBuilder::tr("样本号："), QStringLiteral("sampleNo"), 3, y, 66);
     y += rowStep;
-    labelled(builder, QStringLiteral("科室："), QStringLiteral("department"), 0, y, 52);
-    labelled(builder, QStringLiteral("床号："), QStringLiteral("bed"), 1, y, 52);
-    labelled(builder, QStringLiteral("送检医生："), QStringLiteral("doctor"), 2, y, 80);
-    labelled(builder, QStringLiteral("样本类型："), QStringLiteral("sampleKind"), 3, y, 80);
+    labelled(builder, TemplateBuilder::tr("科室："), QStringLiteral("department"), 0, y, 52);
+    labelled(builder, TemplateBuilder::tr("床号："), QStringLiteral("bed"), 1, y, 52);
+    labelled(builder, TemplateBuilder::tr("送检医生："), QStringLiteral("doctor"), 2, y, 80);
+    labelled(builder, TemplateBuilder::tr("样本类型："), QStringLiteral("sampleKind"), 3, y, 80);
     y += rowStep;
-    labelled(builder, QStringLiteral("临床诊断："), QStringLiteral("diagnosis"), 0, y, 80, 2);
-    labelled(builder, QStringLiteral("采样时间："), QStringLiteral("collectTime"), 2, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("临床诊断："), QStringLiteral("diagnosis"), 0, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("采样时间："), QStringLiteral("collectTime"), 2, y, 80, 2);
     y += rowStep;
-    labelled(builder, QStringLiteral("接收时间："), QStringLiteral("receiveTime"), 0, y, 80, 2);
-    labelled(builder, QStringLiteral("报告时间："), QStringLiteral("reportTime"), 2, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("接收时间："), QStringLiteral("receiveTime"), 0, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("报告时间："), QStringLiteral("reportTime"), 2, y, 80, 2);
     finishPage(builder, y + rowStep + 8);
 }
 
 void Layouts::qcSampleReport(TemplateBuilder& builder)
 {
-    double y = PageFurniture::header(builder, QStringLiteral("质控样本检验报告单")) + 6;
-    labelled(builder, QStringLiteral("质控品："), QStringLiteral("name"), 0, y, 66, 2);
-    labelled(builder, QStringLiteral("质控文件号："), QStringLiteral("sampleNo"), 2, y, 94, 2);
+    double y = PageFurniture::header(builder, TemplateBuilder::tr("质控样本检验报告单")) + 6;
+    labelled(builder, TemplateBuilder::tr("质控品："), QStringLiteral("name"), 0, y, 66, 2);
+    labelled(builder, TemplateBuilder::tr("质控文件号："), QStringLiteral("sampleNo"), 2, y, 94, 2);
     y += rowStep;
-    labelled(builder, QStringLiteral("样本类型："), QStringLiteral("sampleKind"), 0, y, 80, 2);
-    labelled(builder, QStringLiteral("检验科室："), QStringLiteral("department"), 2, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("样本类型："), QStringLiteral("sampleKind"), 0, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("检验科室："), QStringLiteral("department"), 2, y, 80, 2);
     y += rowStep;
-    labelled(builder, QStringLiteral("测定时间："), QStringLiteral("collectTime"), 0, y, 80, 2);
-    labelled(builder, QStringLiteral("报告时间："), QStringLiteral("reportTime"), 2, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("测定时间："), QStringLiteral("collectTime"), 0, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("报告时间："), QStringLiteral("reportTime"), 2, y, 80, 2);
     finishPage(builder, y + rowStep + 8);
 }
 

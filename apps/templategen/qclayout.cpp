@@ -47,7 +47,8 @@ void resultTable(TemplateBuilder& builder, const QRectF& area)
     table->setGeometry(TemplateBuilder::tablePolygon(QSizeF(area.width(), height), rowHeight, widths));
     builder.add(table, QStringLiteral("QcTable"), area.topLeft() + QPointF(0, captionHeight + 4));
 
-    const QStringList captions = {QStringLiteral("日期"), QStringLiteral("时间"), QStringLiteral("结果")};
+    const QStringList captions = {TemplateBuilder::tr("日期"), TemplateBuilder::tr("时间"),
+                                  TemplateBuilder::tr("结果")};
     const QList<GraphicsTableItem*> blocks = table->blocks();
     for (GraphicsTableItem* block : blocks)
         builder.columnCaptions(captions, widths, flags, area.topLeft() + QPointF(block->pos().x(), 0),
@@ -61,27 +62,27 @@ void resultTable(TemplateBuilder& builder, const QRectF& area)
 void Layouts::qcReport(TemplateBuilder& builder)
 {
     const double right = columnX[4];
-    double y = PageFurniture::header(builder, QStringLiteral("室内质控报告")) + 6;
-    labelledField(builder, QStringLiteral("质控品名称："), QStringLiteral("name"), 0, y, 94, 2);
-    labelledField(builder, QStringLiteral("批号："), QStringLiteral("lot"), 2, y, 52);
-    labelledField(builder, QStringLiteral("水平："), QStringLiteral("level"), 3, y, 52);
+    double y = PageFurniture::header(builder, TemplateBuilder::tr("室内质控报告")) + 6;
+    labelledField(builder, TemplateBuilder::tr("质控品名称："), QStringLiteral("name"), 0, y, 94, 2);
+    labelledField(builder, TemplateBuilder::tr("批号："), QStringLiteral("lot"), 2, y, 52);
+    labelledField(builder, TemplateBuilder::tr("水平："), QStringLiteral("level"), 3, y, 52);
     y += rowStep;
-    labelledProp(builder, QStringLiteral("检测项目："), QStringLiteral("qc/item"), QStringLiteral("[PT]"), 0,
-                 y, 80);
-    labelledProp(builder, QStringLiteral("缩写："), QStringLiteral("qc/abbr"), QStringLiteral("[PT-S]"), 1, y,
-                 52);
-    labelledProp(builder, QStringLiteral("单位："), QStringLiteral("qc/unit"), QStringLiteral("[s]"), 2, y,
-                 52);
-    labelledProp(builder, QStringLiteral("质控文件号："), QStringLiteral("qc/fileno"),
+    labelledProp(builder, TemplateBuilder::tr("检测项目："), QStringLiteral("qc/item"),
+                 QStringLiteral("[PT]"), 0, y, 80);
+    labelledProp(builder, TemplateBuilder::tr("缩写："), QStringLiteral("qc/abbr"), QStringLiteral("[PT-S]"),
+                 1, y, 52);
+    labelledProp(builder, TemplateBuilder::tr("单位："), QStringLiteral("qc/unit"), QStringLiteral("[s]"), 2,
+                 y, 52);
+    labelledProp(builder, TemplateBuilder::tr("质控文件号："), QStringLiteral("qc/fileno"),
                  QStringLiteral("[QC01]"), 3, y, 94);
     y += rowStep;
-    labelledField(builder, QStringLiteral("生产厂家："), QStringLiteral("manufacturer"), 0, y, 80, 2);
-    labelledField(builder, QStringLiteral("有效期："), QStringLiteral("expiry"), 2, y, 66, 2);
+    labelledField(builder, TemplateBuilder::tr("生产厂家："), QStringLiteral("manufacturer"), 0, y, 80, 2);
+    labelledField(builder, TemplateBuilder::tr("有效期："), QStringLiteral("expiry"), 2, y, 66, 2);
     y += rowStep + 8;
     builder.line(QLineF(margin, y, right, y), 1.0);
 
     y += 6;
-    caption(builder, QStringLiteral("质控图"), QPointF(margin, y));
+    caption(builder, TemplateBuilder::tr("质控图"), QPointF(margin, y));
     y += 30;
     constexpr double chartHeight = 300;
     auto* chart = new ReportQcChartItem;
@@ -96,11 +97,11 @@ void Layouts::qcReport(TemplateBuilder& builder)
     const double bottom = builder.pageHeight() - 140;
     constexpr double statisticsWidth = 204;
     const double tableWidth = right - margin - statisticsWidth - 30;
-    caption(builder, QStringLiteral("质控结果"), QPointF(margin, y));
+    caption(builder, TemplateBuilder::tr("质控结果"), QPointF(margin, y));
     resultTable(builder, QRectF(margin, y + 30, tableWidth, bottom - y - 30));
 
     const double statisticsX = right - statisticsWidth;
-    caption(builder, QStringLiteral("统计信息"), QPointF(statisticsX, y));
+    caption(builder, TemplateBuilder::tr("统计信息"), QPointF(statisticsX, y));
     auto* details = new ReportQcInfoDetailsTableItem;
     details->setFont(TemplateBuilder::font(13));
     details->setGeometry(TemplateBuilder::tablePolygon(QSizeF(statisticsWidth, 7 * 24.0), 24,
@@ -109,8 +110,8 @@ void Layouts::qcReport(TemplateBuilder& builder)
     builder.line(QLineF(statisticsX, y + 30, right, y + 30), 1.0);
 
     const double signY = builder.pageHeight() - 120;
-    PageFurniture::signature(builder, QStringLiteral("操作者："), QPointF(columnX[0], signY));
-    PageFurniture::signature(builder, QStringLiteral("审核者："), QPointF(columnX[2], signY));
+    PageFurniture::signature(builder, TemplateBuilder::tr("操作者："), QPointF(columnX[0], signY));
+    PageFurniture::signature(builder, TemplateBuilder::tr("审核者："), QPointF(columnX[2], signY));
     PageFurniture::footer(builder);
 }
 

@@ -2,6 +2,7 @@
 
 #include <report.h>
 
+#include <QCoreApplication>
 #include <QFont>
 #include <QPointF>
 #include <QPolygonF>
@@ -27,6 +28,9 @@ struct TextStyle
 // stores for it, the way the designer would.
 class TemplateBuilder
 {
+    // Captions are Chinese; English templates are built with the English translation installed.
+    Q_DECLARE_TR_FUNCTIONS(coagulation::TemplateBuilder)
+
 public:
     explicit TemplateBuilder(Report* report);
 

@@ -3,26 +3,42 @@
 #include "maintenancerecords.h"
 #include "workbench.h"
 
+#include <QCoreApplication>
+
 namespace coagulation {
 
 namespace {
 
-// Results that say nothing beyond "done": the cell then only names the operator.
+// Results that say nothing beyond "done": the cell then only names the operator. Records are
+// written in the language of the laboratory, which need not be the session's.
 bool isNotable(const QString& result)
 {
-    return !result.isEmpty() && result != QStringLiteral("正常") && result != QStringLiteral("已完成");
+    for (const char* plain : {QT_TRANSLATE_NOOP("coagulation::MaintenanceRecordModel", "正常"),
+                              QT_TRANSLATE_NOOP("coagulation::MaintenanceRecordModel", "已完成")}) {
+        if (result == QLatin1String(plain) ||
+            result == QCoreApplication::translate("coagulation::MaintenanceRecordModel", plain))
+            return false;
+    }
+    return !result.isEmpty();
 }
 
-// Long task names break into lines of a few characters so that the columns stay narrow.
+// Long task names break into lines of a few characters so that the columns stay narrow; names
+// made of words break between words.
 QString wrapped(const QString& text, int width)
 {
-    QString out;
-    for (int i = 0; i < text.size(); i += width) {
-        if (i > 0)
-            out += QLatin1Char('\n');
-        out += text.mid(i, width);
+    QStringList lines;
+    if (text.contains(QLatin1Char(' '))) {
+        for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+            if (!lines.isEmpty() && lines.last().size() + 1 + word.size() <= 2 * width)
+                lines.last() += QLatin1Char(' ') + word;
+            else
+                lines.append(word);
+        }
+        return lines.join(QLatin1Char('\n'));
     }
-    return out;
+    for (int i = 0; i < text.size(); i += width)
+        lines.append(text.mid(i, width));
+    return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace
@@ -99,9 +115,10 @@ QVariant MaintenanceRecordModel::data(const QModelIndex& index, int role) const
     const Cell& cell = m_cells.at(index.row()).at(index.column());
     switch (role) {
     case Qt::DisplayRole: {
-        QString text = cell.operators.join(QStringLiteral("、"));
+        const QString separator = tr("、");
+        QString text = cell.operators.join(separator);
         if (!cell.notableResults.isEmpty())
-            text += QLatin1Char('\n') + cell.notableResults.join(QStringLiteral("、"));
+            text += QLatin1Char('\n') + cell.notableResults.join(separator);
         return text;
     }
     case NotableResultRole:

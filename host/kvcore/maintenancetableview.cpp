@@ -3,10 +3,37 @@
 #include <QAbstractButton>
 #include <QEvent>
 #include <QHeaderView>
+#include <QProxyStyle>
 #include <QStyleOptionHeader>
 #include <QStylePainter>
 
 namespace coagulation {
+
+namespace {
+
+// Header sections as a flat fill with lines: styles such as Fusion paint their gradient sections
+// through cached pixmaps, which a printout would carry as images.
+class FlatHeaderStyle : public QProxyStyle
+{
+public:
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override
+    {
+        if (element != CE_HeaderSection) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        const QRect rect = option->rect;
+        painter->save();
+        painter->fillRect(rect, option->palette.button());
+        painter->setPen(option->palette.color(QPalette::Mid));
+        painter->drawLine(rect.topRight(), rect.bottomRight());
+        painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+        painter->restore();
+    }
+};
+
+} // namespace
 
 MaintenanceTableView::MaintenanceTableView(MaintenanceManager::RecordType recordType, QWidget* parent)
     : QTableView(parent), m_cornerButton(findChild<QAbstractButton*>())
@@ -19,11 +46,17 @@ MaintenanceTableView::MaintenanceTableView(MaintenanceManager::RecordType record
     setFocusPolicy(Qt::NoFocus);
     setCornerButtonEnabled(false);
     setWordWrap(true);
+    auto* headerStyle = new FlatHeaderStyle;
+    headerStyle->setParent(this);
+    horizontalHeader()->setStyle(headerStyle);
+    verticalHeader()->setStyle(headerStyle);
     horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
     verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
     // The corner button is the table's title cell.
-    if (m_cornerButton)
+    if (m_cornerButton) {
+        m_cornerButton->setStyle(headerStyle);
         m_cornerButton->installEventFilter(this);
+    }
     setTitle(recordType);
 }
 

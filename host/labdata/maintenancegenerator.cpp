@@ -1,4 +1,5 @@
 #include "maintenancegenerator.h"
+#include "labtext.h"
 
 #include "tablewriter.h"
 
@@ -18,25 +19,25 @@ struct Task
 const QList<Task>& taskList(int recordType)
 {
     static const QList<Task> daily = {
-        {QStringLiteral("检查试剂位温度"), true, QStringLiteral("试剂位温度偏高，已通知工程师")},
-        {QStringLiteral("检查清洗液余量"), true, QStringLiteral("清洗液不足，已补充")},
-        {QStringLiteral("排空废液"), false, QStringLiteral("废液桶传感器报警，已复位")},
-        {QStringLiteral("清洗探针"), false, QStringLiteral("探针堵塞，已疏通")},
-        {QStringLiteral("检查反应杯余量"), true, QStringLiteral("反应杯不足，已补充")},
+        {LabText::tr("检查试剂位温度"), true, LabText::tr("试剂位温度偏高，已通知工程师")},
+        {LabText::tr("检查清洗液余量"), true, LabText::tr("清洗液不足，已补充")},
+        {LabText::tr("排空废液"), false, LabText::tr("废液桶传感器报警，已复位")},
+        {LabText::tr("清洗探针"), false, LabText::tr("探针堵塞，已疏通")},
+        {LabText::tr("检查反应杯余量"), true, LabText::tr("反应杯不足，已补充")},
     };
     static const QList<Task> weekly = {
-        {QStringLiteral("更换清洗液"), false, QStringLiteral("清洗液批号更换")},
-        {QStringLiteral("清洁样本针和试剂针外壁"), false, QStringLiteral("针外壁有结晶，已反复擦拭")},
-        {QStringLiteral("清洁试剂仓"), false, QStringLiteral("试剂仓内有冷凝水，已擦干")},
-        {QStringLiteral("检查管路有无漏液"), true, QStringLiteral("管路接头渗漏，已紧固")},
-        {QStringLiteral("清空废弃反应杯盒"), false, QString()},
+        {LabText::tr("更换清洗液"), false, LabText::tr("清洗液批号更换")},
+        {LabText::tr("清洁样本针和试剂针外壁"), false, LabText::tr("针外壁有结晶，已反复擦拭")},
+        {LabText::tr("清洁试剂仓"), false, LabText::tr("试剂仓内有冷凝水，已擦干")},
+        {LabText::tr("检查管路有无漏液"), true, LabText::tr("管路接头渗漏，已紧固")},
+        {LabText::tr("清空废弃反应杯盒"), false, QString()},
     };
     static const QList<Task> monthly = {
-        {QStringLiteral("清洁散热过滤网"), false, QStringLiteral("过滤网积尘较多")},
-        {QStringLiteral("检查光路及光源强度"), true, QStringLiteral("光源强度下降，已预约更换灯泡")},
-        {QStringLiteral("检查注射器密封性"), true, QStringLiteral("注射器漏气，已更换密封圈")},
-        {QStringLiteral("清洁反应盘"), false, QString()},
-        {QStringLiteral("备份数据库"), false, QStringLiteral("备份盘空间不足，已清理")},
+        {LabText::tr("清洁散热过滤网"), false, LabText::tr("过滤网积尘较多")},
+        {LabText::tr("检查光路及光源强度"), true, LabText::tr("光源强度下降，已预约更换灯泡")},
+        {LabText::tr("检查注射器密封性"), true, LabText::tr("注射器漏气，已更换密封圈")},
+        {LabText::tr("清洁反应盘"), false, QString()},
+        {LabText::tr("备份数据库"), false, LabText::tr("备份盘空间不足，已清理")},
     };
     static const QList<Task> none;
     switch (recordType) {
@@ -68,7 +69,7 @@ QStringList MaintenanceGenerator::tasks(int recordType)
 bool MaintenanceGenerator::write(QSqlDatabase db, int months)
 {
     TableWriter workbenches(db, QStringLiteral("workbench"), {QStringLiteral("id"), QStringLiteral("name")});
-    const QStringList names = {QStringLiteral("1号凝血分析仪"), QStringLiteral("2号凝血分析仪")};
+    const QStringList names = {LabText::tr("1号凝血分析仪"), LabText::tr("2号凝血分析仪")};
     for (int i = 0; i < names.size(); ++i) {
         if (!workbenches.insert({i + 1, names.at(i)})) {
             m_errorString = workbenches.errorString();
@@ -97,9 +98,9 @@ bool MaintenanceGenerator::write(QSqlDatabase db, int months)
             for (int recordType : due) {
                 for (const Task& task : taskList(recordType)) {
                     const bool problem = !task.problem.isEmpty() && m_random.chance(0.02);
-                    const QString result = !task.check ? QStringLiteral("已完成")
-                                           : problem   ? QStringLiteral("异常")
-                                                       : QStringLiteral("正常");
+                    const QString result = !task.check ? LabText::tr("已完成")
+                                           : problem   ? LabText::tr("异常")
+                                                       : LabText::tr("正常");
                     if (!records.insert({id++, workbench, recordType,
                                          day.toString(QStringLiteral("yyyy-MM-dd")), task.name, operatorName,
                                          result, problem ? task.problem : QString()})) {

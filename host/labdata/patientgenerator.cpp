@@ -1,4 +1,5 @@
 #include "patientgenerator.h"
+#include "labtext.h"
 
 #include "assaycatalogue.h"
 #include "departments.h"
@@ -128,48 +129,47 @@ PatientGenerator::Sample PatientGenerator::patientSample(const Department& depar
                                     : Condition::Healthy;
 
     const bool male = department.patients != Department::Women && m_random.chance(0.5);
-    sample.sex = male ? QStringLiteral("男") : QStringLiteral("女");
+    sample.sex = male ? LabText::tr("男") : LabText::tr("女");
     sample.name = PersonNames::name(m_random, male);
     QDate born;
     if (department.patients == Department::Children) {
         const int kind = m_random.weighted({70, 20, 10});
         if (kind == 0) {
             sample.age = m_random.between(1, 14);
-            sample.ageUnit = QStringLiteral("岁");
+            sample.ageUnit = LabText::tr("岁");
             born = day.addYears(-sample.age.toInt()).addDays(-m_random.between(0, 364));
         } else if (kind == 1) {
             sample.age = m_random.between(1, 11);
-            sample.ageUnit = QStringLiteral("月");
+            sample.ageUnit = LabText::tr("月");
             born = day.addMonths(-sample.age.toInt()).addDays(-m_random.between(0, 27));
         } else {
             sample.age = m_random.between(1, 28);
-            sample.ageUnit = QStringLiteral("天");
+            sample.ageUnit = LabText::tr("天");
             born = day.addDays(-sample.age.toInt());
             // Newborns are registered under their mother's name.
-            sample.name =
-                PersonNames::name(m_random, false) + (male ? QStringLiteral("之子") : QStringLiteral("之女"));
+            sample.name = (male ? LabText::tr("%1之子") : LabText::tr("%1之女"))
+                              .arg(PersonNames::name(m_random, false));
         }
     } else {
         const int age = department.patients == Department::Women
                             ? m_random.between(22, 42)
                             : qBound(18, int(m_random.normal(56.0, 17.0)), 96);
         sample.age = age;
-        sample.ageUnit = QStringLiteral("岁");
+        sample.ageUnit = LabText::tr("岁");
         born = day.addYears(-age).addDays(-m_random.between(0, 364));
     }
     if (!m_random.chance(0.06))
         sample.birthday = born;
 
     if (department.inpatient)
-        sample.bed = QStringLiteral("%1床").arg(m_random.between(1, 58));
+        sample.bed = LabText::tr("%1床").arg(m_random.between(1, 58));
     else if (department.emergency && m_random.chance(0.5))
-        sample.bed = QStringLiteral("抢救%1").arg(m_random.between(1, 8));
+        sample.bed = LabText::tr("抢救%1").arg(m_random.between(1, 8));
     sample.doctor = doctors.isEmpty() ? QString() : m_random.pick(doctors);
-    sample.sampleKind =
-        m_random.chance(0.96) ? QStringLiteral("枸橼酸钠抗凝血") : QStringLiteral("乏血小板血浆");
+    sample.sampleKind = m_random.chance(0.96) ? LabText::tr("枸橼酸钠抗凝血") : LabText::tr("乏血小板血浆");
     setTimes(sample, collectTime(department, day));
 
-    if (diagnosis.text == QStringLiteral("华法林用药监测")) {
+    if (diagnosis.text == LabText::tr("华法林用药监测")) {
         sample.panel = QStringList{QStringLiteral("PT")};
     } else {
         sample.panel = QStringList{QStringLiteral("PT"), QStringLiteral("APTT"), QStringLiteral("FIB"),
@@ -186,8 +186,8 @@ PatientGenerator::Sample PatientGenerator::patientSample(const Department& depar
     sample.values = Hemostasis::simulate(condition, m_random).itemValues();
 
     const int remark = m_random.weighted({90, 3, 2, 3, 2});
-    static const QStringList remarks = {QString(), QStringLiteral("轻度溶血"), QStringLiteral("脂血"),
-                                        QStringLiteral("复查"), QStringLiteral("标本量偏少")};
+    static const QStringList remarks = {QString(), LabText::tr("轻度溶血"), LabText::tr("脂血"),
+                                        LabText::tr("复查"), LabText::tr("标本量偏少")};
     sample.remark = remarks.at(remark);
     return sample;
 }
@@ -197,10 +197,10 @@ PatientGenerator::Sample PatientGenerator::qcSample(const QDate& day)
     const QcMaterial& material = m_random.pick(AssayCatalogue::qcMaterials());
     Sample sample;
     sample.sampleNo = coagulation::Sample::qcName(material.controlNo, m_profile);
-    sample.name = QStringLiteral("%1(%2)").arg(material.name, material.level);
-    sample.department = QStringLiteral("检验科");
-    sample.sampleKind = QStringLiteral("质控血浆");
-    sample.remark = QStringLiteral("室内质控");
+    sample.name = LabText::tr("%1(%2)", "control material (level)").arg(material.name, material.level);
+    sample.department = LabText::tr("检验科");
+    sample.sampleKind = LabText::tr("质控血浆");
+    sample.remark = LabText::tr("室内质控");
     setTimes(sample, QDateTime(day, timeBetween(m_random, 8 * 60, 9 * 60), Qt::UTC));
     Hemostasis values = Hemostasis::simulate(Condition::Healthy, m_random);
     values.setMeasured(material.templateName, m_random.normal(material.target, material.sd));
@@ -246,7 +246,7 @@ bool PatientGenerator::writeSample(const Sample& sample, qint64 patientId, Table
     // Critical values are phoned through to the ward, and the laboratory notes that it did.
     QString remark = sample.remark;
     if (critical && remark.isEmpty())
-        remark = QStringLiteral("危急值已电话通知临床");
+        remark = LabText::tr("危急值已电话通知临床");
 
     const QVariant nullDateTime(QMetaType(QMetaType::QString));
     if (!patients.insert({patientId, sample.sampleNo, textOrNull(sample.name), textOrNull(sample.sex),

@@ -2,6 +2,7 @@
 
 #include "labrandom.h"
 
+#include <QLocale>
 #include <QStringList>
 
 namespace coagulation {
@@ -39,10 +40,43 @@ const QList<QString>& femaleCharacters()
     return list;
 }
 
+const QList<QString>& englishSurnames()
+{
+    static const QList<QString> list =
+        QStringLiteral("Smith Jones Taylor Brown Wilson Evans Thomas Roberts Walker Wright Hall Green Wood "
+                       "Harris Lewis Clarke King Baker Turner Hill Scott Cooper Ward Morris Moore Clark Lee "
+                       "Parker Cook Bell Price Allen Young Reed Hughes Kelly Bennett Gray Hayes Russell "
+                       "Foster Mason Porter Rose Grant Barker Ellis Fisher Lane Carter")
+            .split(QLatin1Char(' '));
+    return list;
+}
+
+const QList<QString>& englishGivenNames(bool male)
+{
+    static const QList<QString> men =
+        QStringLiteral("James John Robert David William Thomas Daniel Paul Mark George Peter Andrew Simon "
+                       "Henry Adam Oliver Jack Harry Samuel Lucas Ryan Owen Luke Max Ethan Noah Leo Tom")
+            .split(QLatin1Char(' '));
+    static const QList<QString> women =
+        QStringLiteral("Mary Emma Sarah Anna Laura Alice Grace Emily Lucy Claire Helen Ruth Jane Kate Amy "
+                       "Rose Ella Mia Chloe Hannah Julia Sophie Ivy Eva Zoe Lily Holly Nora")
+            .split(QLatin1Char(' '));
+    return male ? men : women;
+}
+
 } // namespace
 
 QString PersonNames::name(LabRandom& random, bool male)
 {
+    // Names follow the session's language, like the rest of the generated laboratory.
+    if (QLocale().language() == QLocale::English) {
+        const QString given = random.pick(englishGivenNames(male));
+        const QString surname = random.pick(englishSurnames());
+        // As many draws as a Chinese name, so that the rest of the laboratory comes out the same.
+        if (random.chance(0.7))
+            random.pick(englishGivenNames(male));
+        return given + QLatin1Char(' ') + surname;
+    }
     const QList<QString>& given = male ? maleCharacters() : femaleCharacters();
     QString result = random.pick(surnames()) + random.pick(given);
     if (random.chance(0.7))

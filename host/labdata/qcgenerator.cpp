@@ -1,4 +1,5 @@
 #include "qcgenerator.h"
+#include "labtext.h"
 
 #include "assaycatalogue.h"
 #include "tablewriter.h"
@@ -32,8 +33,7 @@ QString QcGenerator::lot(const QcMaterial& material)
     auto it = m_lots.constFind(key);
     if (it != m_lots.constEnd())
         return *it;
-    const bool normalLevel =
-        material.level == QStringLiteral("正常值") || material.level == QStringLiteral("低值");
+    const bool normalLevel = material.level == LabText::tr("正常值") || material.level == LabText::tr("低值");
     const QString number =
         QStringLiteral("%1%2%3")
             .arg(normalLevel ? QLatin1Char('N') : QLatin1Char('P'))
@@ -76,7 +76,7 @@ bool QcGenerator::write(QSqlDatabase db, int pointsPerReagent)
                                       : noLimit;
         };
         if (!reagents.insert({reagentId, material.name, lotNumber, material.level, material.controlNo,
-                              QStringLiteral("示例医疗器械有限公司"),
+                              LabText::tr("示例医疗器械有限公司"),
                               expiries.value(lotNumber).toString(dateFormat), material.templateName,
                               material.itemName, assay.unit, material.target, mean, sd,
                               material.hasLimits ? 1 : 0, limit(3), limit(2), limit(-2), limit(-3)})) {

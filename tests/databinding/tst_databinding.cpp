@@ -231,7 +231,8 @@ void tst_DataBinding::brokenDatabases()
     auto* name = addField(report, &profile, "patient", "name");
     auto* probe = new ProbeItem;
     report.addItem(probe);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("reportdata.cpp:\\d+: no such table: patient"));
+    QTest::ignoreMessage(QtWarningMsg,
+                         QRegularExpression("^report/reportdata\\.cpp:\\d+: no such table: patient"));
     report.fetchData(1, profile.dataDatabase());
     QCOMPARE(name->toPlainText(), QString());
     QCOMPARE(probe->updated, 1);

@@ -1,17 +1,25 @@
+#include "../common/dialoganswerer.h"
+
 #include <designerdialogs.h>
 #include <designerwindow.h>
 #include <formattoolbar.h>
 #include <geometrypanel.h>
+#include <itembox.h>
+#include <itemoutline.h>
 #include <pagesetupdialog.h>
 #include <pageview.h>
 #include <previewdata.h>
+#include <propertypanel.h>
 #include <recentfiles.h>
+#include <reportarranger.h>
 #include <reporteditor.h>
+#include <ruler.h>
+#include <styleeditor.h>
 #include <toolpalette.h>
 
 #include <commands.h>
-#include <core/dialogdriver.h>
 #include <core/profile.h>
+#include <databounditems.h>
 #include <drawingitems.h>
 #include <itemfactory.h>
 #include <labdata/labdatabasegenerator.h>
@@ -20,15 +28,19 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QFontComboBox>
 #include <QMenu>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QSqlQuery>
 #include <QStandardPaths>
@@ -82,6 +94,13 @@ public:
     }
     QColor chooseColor(QWidget*, const QColor&) override { return color; }
     QString workspaceDirectory(QWidget*, const QString&) override { return {}; }
+    std::function<void(PreviewChoice&)> previewChoice;
+    bool choosePreview(QWidget*, kv::ReportType, const PreviewData&, PreviewChoice& choice) override
+    {
+        if (previewChoice)
+            previewChoice(choice);
+        return true;
+    }
 };
 
 template <class T> T* findItem(const QList<ReportItem*>& items)
@@ -121,6 +140,15 @@ private Q_SLOTS:
     void zoom();
     void previewDataFromWorkspace();
     void previewThroughPlugin();
+    void arrange_data();
+    void arrange();
+    void stackingOrderSavedAndLoaded();
+    void propertyRows_data();
+    void propertyRows();
+    void propertyEdits();
+    void outlineAndContextMenu();
+    void undoStepNames();
+    void rulersGridAndSnap();
 
 private:
     ReportTextItem* addText(const QString& text, const QPointF& pos);
@@ -269,6 +297,15 @@ void tst_Designer::paletteGroupsAndPointer()
         QCOMPARE(button->icon().isNull(), creator->icon().isNull());
     }
     QVERIFY(!palette->button(palette->pointer())->icon().isNull());
+    // The longest name fits: no button is cut off and no horizontal scroll bar appears.
+    QAbstractButton* longest = palette->button(palette->creator(QStringLiteral("QcControlInfoDetails")));
+    box->setCurrentWidget(longest->parentWidget());
+    window->resizeDocks({window->findChild<QDockWidget*>(QStringLiteral("toolDock"))}, {60}, Qt::Horizontal);
+    QTRY_VERIFY(longest->isVisible());
+    QTest::qWait(50);
+    QVERIFY(longest->width() >= longest->sizeHint().width());
+    for (const QScrollBar* bar : box->findChildren<QScrollBar*>())
+        QVERIFY(bar->orientation() == Qt::Vertical || !bar->isVisible());
 
     // A data field drawn from the palette is a field item with the column's key.
     ReportItemCreator* name = palette->creator(QStringLiteral("field:/patient/name"));
@@ -347,7 +384,7 @@ void tst_Designer::penAndBrush()
     dialogs->color = QColor(200, 0, 0);
     QTest::mouseClick(bar->penColorButton(), Qt::LeftButton);
     bar->penWidthBox()->setValue(3);
-    bar->setPenStyle(Qt::DashLine);
+    window->styleEditor()->setPenStyle(Qt::DashLine);
     dialogs->color = QColor(0, 0, 200);
     QTest::mouseClick(bar->brushColorButton(), Qt::LeftButton);
     QCOMPARE(stack()->count(), steps + 4); // one step per change, for both rectangles
@@ -365,7 +402,7 @@ void tst_Designer::penAndBrush()
     QTest::mouseClick(bar->brushColorButton(), Qt::LeftButton);
     QCOMPARE(stack()->count(), steps + 4);
 
-    bar->setBrushStyle(Qt::NoBrush);
+    window->styleEditor()->setBrushStyle(Qt::NoBrush);
     QCOMPARE(second->brush().style(), Qt::NoBrush);
     for (int i = 0; i < 5; ++i)
         window->action(QStringLiteral("undo"))->trigger();
@@ -469,10 +506,11 @@ void tst_Designer::pageSetupDialog()
     PageSetupDialog dialog({QPageSize::A5, QPageLayout::Landscape, QSizeF(148, 210)});
     auto* size = dialog.findChild<QComboBox*>();
     const QList<QDoubleSpinBox*> boxes = dialog.findChildren<QDoubleSpinBox*>();
-    QCOMPARE(boxes.size(), 2);
+    QCOMPARE(boxes.size(), 6); // width, height, then the four margin guides
     QCOMPARE(size->currentText(), QStringLiteral("A5"));
     QVERIFY(!boxes.at(0)->isEnabled()); // a standard size is not edited in millimetres
     QCOMPARE(dialog.pageSetup().orientation, QPageLayout::Landscape);
+    QCOMPARE(dialog.pageSetup().margins, PageSetup().margins);
 
     size->setCurrentIndex(size->findData(int(QPageSize::A3)));
     QCOMPARE(boxes.at(0)->value(), 297.0);
@@ -564,34 +602,38 @@ void tst_Designer::titleAndClosing()
 void tst_Designer::previewDataFromWorkspace()
 {
     PreviewData data(profile.get());
-    const QList<qint64> ids = data.patientIds();
-    QCOMPARE(ids.size(), PreviewData::patientCount);
-    QVERIFY(std::is_sorted(ids.rbegin(), ids.rend()));
-    QSqlQuery results(profile->dataDatabase());
-    QVERIFY(
-        results.exec(QStringLiteral("SELECT count(*) FROM result WHERE patientId = %1").arg(ids.first())));
-    QVERIFY(results.next());
-    QVERIFY(results.value(0).toInt() > 0);
+    const QList<PreviewData::Option> patients = data.patients();
+    QCOMPARE(patients.size(), 12);
+    QVERIFY(patients.first().value.toLongLong() > patients.last().value.toLongLong());
+    QSqlQuery query(profile->dataDatabase());
+    QVERIFY(query.exec(QStringLiteral("SELECT sampleNo FROM patient WHERE id = %1")
+                           .arg(patients.first().value.toLongLong())));
+    QVERIFY(query.next());
+    QVERIFY(patients.first().label.startsWith(query.value(0).toString()));
 
-    const QList<QcExportData*> qc = data.qcData();
-    QCOMPARE(qc.size(), PreviewData::qcSeriesCount);
-    for (const QcExportData* series : qc) {
-        QCOMPARE(series->points.size(), 20);
-        QCOMPARE(series->count, 20);
-    }
-    QCOMPARE(data.qcData(), qc); // read once, kept
+    const PreviewChoice latest = data.latest();
+    QCOMPARE(latest.patientIds, QList<qint64>{patients.first().value.toLongLong()});
+    QCOMPARE(latest.reagentIds.size(), 1);
+    QCOMPARE(latest.reagentIds.first(), data.reagents().first().value.toLongLong());
+    QCOMPARE(latest.month, QDate(2024, 6, 1)); // the generator's last month
 
-    const MaintenanceExportData* maintenance = data.maintenanceData();
+    PreviewChoice qc = latest;
+    qc.reagentIds.append(data.reagents().last().value.toLongLong());
+    QCOMPARE(data.qcData(qc).size(), 2);
+    QCOMPARE(data.qcData(qc).first()->points.size(), 20);
+    qc.from = qc.to = QDate(1990, 1, 1); // a range without points shows nothing
+    QVERIFY(data.qcData(qc).isEmpty());
+
+    const MaintenanceExportData* maintenance = data.maintenanceData(latest);
     QVERIFY(maintenance);
-    QCOMPARE(maintenance->month, QDate(2024, 6, 28)); // the generator's last day
-    QVERIFY(maintenance->workbench);
+    QCOMPARE(maintenance->month, QDate(2024, 6, 1));
     QVERIFY(!maintenance->workbench->name().isEmpty());
 
     Profile empty; // no tables at all: nothing to show, no crash
     PreviewData none(&empty);
-    QVERIFY(none.patientIds().isEmpty());
-    QVERIFY(none.qcData().isEmpty());
-    QVERIFY(!none.maintenanceData());
+    QVERIFY(none.patients().isEmpty());
+    QVERIFY(none.latest().reagentIds.isEmpty());
+    QVERIFY(!none.maintenanceData(none.latest()));
 }
 
 void tst_Designer::copyPasteSelection()
@@ -699,9 +741,8 @@ void tst_Designer::saveReopenCompare()
     const QList<ReportItem*> before = items(), after = copy->reportItems();
     QCOMPARE(after.size(), before.size());
     for (int i = 0; i < before.size(); ++i) {
-        // Loading adds the topmost item first, so equal-Z items come back in reverse order.
         ReportItem* original = before.at(i);
-        ReportItem* loaded = after.at(after.size() - 1 - i);
+        ReportItem* loaded = after.at(i); // in the same stacking order
         QCOMPARE(loaded->key(), original->key());
         QCOMPARE(loaded->graphicsItem()->pos(), original->graphicsItem()->pos());
         QCOMPARE(loaded->graphicsItem()->transform(), original->graphicsItem()->transform());
@@ -766,28 +807,44 @@ void tst_Designer::previewThroughPlugin()
     name->graphicsItem()->setPos(100, 100);
     stack()->push(new NewCommand(window->report(), name));
 
+    const QString workspaceFile = QDir(folder).filePath(QStringLiteral("profile.ini"));
+    auto printedTimes = [&] {
+        Profile lab(workspaceFile);
+        QSqlQuery query(lab.dataDatabase());
+        query.exec(QStringLiteral("SELECT group_concat(coalesce(printTime, '-')) FROM patient"));
+        return query.next() ? query.value(0).toString() : QString();
+    };
+    const QString printedBefore = printedTimes();
     int pages = -1;
-    QString title;
-    DialogDriver::setHandler([&](QDialog* dialog) {
-        if (auto* preview = qobject_cast<QPrintPreviewDialog*>(dialog)) {
-            auto* widget = preview->findChild<QPrintPreviewWidget*>();
-            widget->updatePreview();
+    bool usable = false;
+    const auto look = [&](QDialog* dialog) {
+        if (auto* widget = dialog->findChild<QPrintPreviewWidget*>()) {
             pages = widget->pageCount();
+            // Opened large and fitted to the page, also without a window manager.
+            usable = dialog->width() > 600 && dialog->height() > 400 &&
+                     widget->zoomMode() == QPrintPreviewWidget::FitInView;
         }
-        title = dialog->metaObject()->className();
-        return int(QDialog::Rejected);
-    });
-    const bool shown = window->preview();
-    DialogDriver::clear();
-    QVERIFY(shown);
-    QCOMPARE(title, QStringLiteral("QPrintPreviewDialog"));
-    QCOMPARE(pages, PreviewData::patientCount);          // one page per patient
+        dialog->reject();
+    };
+    test::DialogAnswerer answerer;
+    answerer.then(look).then(look);
+    QVERIFY(window->preview());
+    QCOMPARE(answerer.shown(), QStringList{"QPrintPreviewDialog"});
+    QCOMPARE(pages, 1); // the latest patient
+    QVERIFY(usable);
     QCOMPARE(window->report()->reportItems().size(), 2); // the designer's document is untouched
     QCOMPARE(window->report()->currentPage(), 1);
+    dialogs->previewChoice = [](PreviewChoice& choice) {
+        choice.patientIds = {1, 2, 3};
+    };
+    QVERIFY(window->preview());
+    QCOMPARE(answerer.shown().size(), 2);
+    QCOMPARE(pages, 3);
 
-    // The template was handed over for this preview only; the workspace remembers nothing of it.
-    Profile after(QDir(folder).filePath(QStringLiteral("profile.ini")));
-    QVERIFY(after.value(QStringLiteral("report/template")).toString().isEmpty());
+    // The template was handed over for this preview only, and no patient counts as printed.
+    QVERIFY(Profile(workspaceFile).value(QStringLiteral("report/template")).toString().isEmpty());
+    QCOMPARE(printedTimes(), printedBefore);
+    QVERIFY(!printedBefore.isEmpty());
 }
 
 void tst_Designer::recentFiles()
@@ -815,6 +872,297 @@ void tst_Designer::recentFiles()
     QCOMPARE(chosen.value(0).value(0).toString(), files.at(1));
     recent.remove(files.at(1));
     QCOMPARE(menu.actions().size(), RecentFiles::maximum - 1);
+}
+
+void tst_Designer::arrange_data()
+{
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<QList<int>>("selected"); // indexes into a, b, c in the order of selecting
+    QTest::addColumn<QList<QRectF>>("boxes"); // a, b, c afterwards
+    QTest::addColumn<QString>("order");       // bottom to top afterwards
+    QTest::addColumn<QString>("step");
+    const QList<int> all{0, 1, 2};
+    const QRectF a(10, 10, 40, 20), b(100, 50, 60, 30), c(200, 20, 20, 10);
+    auto at = [](const QRectF& r, double x, double y) {
+        return QRectF(QPointF(x, y), r.size());
+    };
+    QTest::newRow("left") << "alignLeft" << all << QList<QRectF>{a, at(b, 10, 50), at(c, 10, 20)} << "abc"
+                          << "左对齐";
+    QTest::newRow("h centre") << "alignHCenter" << all
+                              << QList<QRectF>{at(a, 95, 10), at(b, 85, 50), at(c, 105, 20)} << "abc"
+                              << "水平居中";
+    QTest::newRow("right") << "alignRight" << all << QList<QRectF>{at(a, 180, 10), at(b, 160, 50), c} << "abc"
+                           << "右对齐";
+    QTest::newRow("top") << "alignTop" << all << QList<QRectF>{a, at(b, 100, 10), at(c, 200, 10)} << "abc"
+                         << "顶端对齐";
+    QTest::newRow("v centre") << "alignVCenter" << all
+                              << QList<QRectF>{at(a, 10, 35), at(b, 100, 30), at(c, 200, 40)} << "abc"
+                              << "垂直居中";
+    QTest::newRow("bottom") << "alignBottom" << all << QList<QRectF>{at(a, 10, 60), b, at(c, 200, 70)}
+                            << "abc"
+                            << "底端对齐";
+    QTest::newRow("distribute h") << "distributeH" << all << QList<QRectF>{a, at(b, 95, 50), c} << "abc"
+                                  << "水平均匀分布";
+    QTest::newRow("distribute v") << "distributeV" << all << QList<QRectF>{a, b, at(c, 200, 35)} << "abc"
+                                  << "垂直均匀分布";
+    QTest::newRow("same width as the first chosen")
+        << "sameWidth" << QList<int>{1, 0, 2}
+        << QList<QRectF>{QRectF(10, 10, 60, 20), QRectF(100, 50, 60, 30), QRectF(200, 20, 60, 10)} << "abc"
+        << "相同宽度";
+    QTest::newRow("same height") << "sameHeight" << all
+                                 << QList<QRectF>{a, QRectF(100, 50, 60, 20), QRectF(200, 20, 20, 20)}
+                                 << "abc"
+                                 << "相同高度";
+    QTest::newRow("to front") << "bringToFront" << QList<int>{0} << QList<QRectF>{a, b, c} << "bca"
+                              << "置于顶层";
+    QTest::newRow("to back") << "sendToBack" << QList<int>{2, 1} << QList<QRectF>{a, b, c} << "bca"
+                             << "置于底层";
+}
+
+void tst_Designer::arrange()
+{
+    QFETCH(QString, action);
+    QFETCH(QList<int>, selected);
+    QFETCH(QList<QRectF>, boxes);
+    QFETCH(QString, order);
+    QFETCH(QString, step);
+    const QList<ReportItem*> abc = {addRect(QRectF(10, 10, 40, 20)), addRect(QRectF(100, 50, 60, 30)),
+                                    addRect(QRectF(200, 20, 20, 10))};
+    auto state = [&] {
+        QString stacking;
+        for (ReportItem* item : items())
+            stacking.prepend(QChar(char16_t(u'a' + abc.indexOf(item))));
+        QList<QRectF> now;
+        for (ReportItem* item : abc)
+            now.append(ItemBox::sceneRect(item));
+        return std::make_pair(now, stacking);
+    };
+    const auto before = state();
+    for (int i : selected)
+        abc.at(i)->graphicsItem()->setSelected(true);
+    const int steps = stack()->count();
+
+    QVERIFY(window->action(action)->isEnabled());
+    window->action(action)->trigger();
+    QCOMPARE(stack()->count(), steps + 1);
+    QCOMPARE(stack()->text(steps), step);
+    const auto after = state();
+    QCOMPARE(after.first, boxes);
+    QCOMPARE(after.second, order);
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(state(), before);
+    window->action(QStringLiteral("redo"))->trigger();
+    QCOMPARE(state(), after);
+    // Done once, doing it again changes nothing and records nothing.
+    window->action(action)->trigger();
+    QCOMPARE(stack()->count(), steps + 1);
+}
+
+void tst_Designer::stackingOrderSavedAndLoaded()
+{
+    // Overlapping items, restacked and pasted; a reopened template stacks them the same way.
+    addRect(QRectF(50, 50, 100, 100));
+    addText(QStringLiteral("middle"), QPointF(60, 60));
+    addRect(QRectF(70, 70, 100, 100))->setSelected(true);
+    window->action(QStringLiteral("sendToBack"))->trigger();
+    auto describe = [](const QList<ReportItem*>& list) {
+        QStringList keys;
+        for (ReportItem* item : list)
+            keys.append(QStringLiteral("%1@%2").arg(item->key()).arg(item->graphicsItem()->pos().x()));
+        return keys;
+    };
+    QCOMPARE(describe(items()), QStringList({"Text@60", "Rect@50", "Rect@70"}));
+    window->action(QStringLiteral("selectAll"))->trigger();
+    window->action(QStringLiteral("copy"))->trigger();
+    window->action(QStringLiteral("paste"))->trigger();
+    const QStringList stacked = describe(items());
+    QCOMPARE(stacked.mid(0, 3), QStringList({"Text@70", "Rect@60", "Rect@80"}));
+
+    const QString path = dir.filePath(QStringLiteral("stacking.rpt"));
+    QVERIFY(window->saveFile(path));
+    DesignerWindow reopened(profile.get(), factory.get());
+    reopened.setDialogs(std::make_unique<ScriptedDialogs>());
+    QVERIFY(reopened.openFile(path));
+    QCOMPARE(describe(reopened.report()->reportItems()), stacked);
+}
+
+void tst_Designer::propertyRows_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("rows"); // b binding, t text, f font, a alignment, p pen, r brush, g geometry
+    QTest::newRow("free text") << "Text"
+                               << "tfag";
+    QTest::newRow("field") << "field:/patient/name"
+                           << "bfag";
+    QTest::newRow("property") << "prop:/date"
+                              << "bfag";
+    QTest::newRow("rectangle") << "Rect"
+                               << "prg";
+    QTest::newRow("line") << "Line"
+                          << "pg";
+    QTest::newRow("results table") << "Results"
+                                   << "faprg";
+}
+
+void tst_Designer::propertyRows()
+{
+    QFETCH(QString, key);
+    QFETCH(QString, rows);
+    ReportItem* item = factory->create(key);
+    QVERIFY(item);
+    item->setKey(key);
+    stack()->push(new NewCommand(window->report(), item));
+    PropertyPanel* panel = window->propertyPanel();
+    QVERIFY(!panel->fontFamilyBox()->isVisibleTo(panel)); // nothing selected: nothing to edit
+    item->graphicsItem()->setSelected(true);
+    const std::pair<char, QWidget*> controls[] = {
+        {'b', panel->bindingBox()},   {'t', panel->textEdit()},    {'f', panel->fontFamilyBox()},
+        {'a', panel->alignmentBox()}, {'p', panel->penWidthBox()}, {'r', panel->brushStyleBox()},
+        {'g', panel->geometryPanel()}};
+    for (const auto& [row, control] : controls)
+        QVERIFY2(control->isVisibleTo(panel) == rows.contains(QLatin1Char(row)), &row);
+    if (rows.contains(QLatin1Char('b')))
+        QCOMPARE(panel->bindingBox()->currentData().toString(), key);
+}
+
+void tst_Designer::propertyEdits()
+{
+    PropertyPanel* panel = window->propertyPanel();
+    ReportTextItem* text = addText(QStringLiteral("凝血"), QPointF(40, 40));
+    text->setSelected(true);
+    const int steps = stack()->count();
+    panel->textEdit()->setPlainText(QStringLiteral("凝血四项"));
+    panel->commitText();
+    panel->boldBox()->click();
+    panel->alignmentBox()->activated(2);
+    QCOMPARE(text->toPlainText(), QStringLiteral("凝血四项"));
+    QCOMPARE(text->font().weight(), QFont::Bold);
+    QCOMPARE(text->alignment() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
+    QCOMPARE(stack()->count(), steps + 3);
+    for (int i = 0; i < 3; ++i)
+        window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(text->toPlainText(), QStringLiteral("凝血"));
+    QCOMPARE(text->font().weight(), QFont::Normal);
+    QCOMPARE(panel->textEdit()->toPlainText(), QStringLiteral("凝血"));
+
+    // A field shows another column: one step, in the same place and style.
+    ReportItem* field = factory->create(QStringLiteral("field:/patient/name"));
+    field->setKey(QStringLiteral("field:/patient/name"));
+    field->graphicsItem()->setPos(100, 200);
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    font.setPixelSize(18);
+    field->setFont(font);
+    stack()->push(new NewCommand(window->report(), field));
+    window->report()->clearSelection();
+    field->graphicsItem()->setSelected(true);
+    QComboBox* binding = panel->bindingBox();
+    QVERIFY(binding->count() > 1);
+    QVERIFY(binding->findData(QStringLiteral("prop:/date")) < 0); // only columns for a column
+    const int other = binding->currentIndex() == 0 ? 1 : 0;
+    const QString key = binding->itemData(other).toString();
+    QVERIFY(key.startsWith(QStringLiteral("field:/")));
+    binding->activated(other);
+    ReportItem* replaced = window->editor()->currentItem();
+    QVERIFY(dynamic_cast<ReportFieldItem*>(replaced));
+    QCOMPARE(replaced->key(), key);
+    QCOMPARE(replaced->graphicsItem()->pos(), QPointF(100, 200));
+    QCOMPARE(replaced->font().pixelSize(), 18);
+    QCOMPARE(stack()->text(stack()->index() - 1), QStringLiteral("更改内容"));
+    window->action(QStringLiteral("undo"))->trigger();
+    QVERIFY(!replaced->graphicsItem()->scene());
+    QVERIFY(field->graphicsItem()->scene());
+    window->action(QStringLiteral("redo"))->trigger();
+    QCOMPARE(items().first(), replaced);
+}
+
+void tst_Designer::outlineAndContextMenu()
+{
+    ReportRectItem* rect = addRect(QRectF(20, 20, 100, 50));
+    addText(QStringLiteral("凝血检验报告单"), QPointF(200, 30));
+    ReportItem* field = factory->create(QStringLiteral("field:/patient/name"));
+    field->setKey(QStringLiteral("field:/patient/name"));
+    field->graphicsItem()->setPos(300, 300);
+    stack()->push(new NewCommand(window->report(), field));
+    ItemOutline* outline = window->outline();
+    QCOMPARE(outline->topLevelItemCount(), 3);
+    QStringList rows;
+    for (int i = 0; i < 3; ++i)
+        rows.append(QStringList{outline->topLevelItem(i)->text(0), outline->topLevelItem(i)->text(1),
+                                outline->topLevelItem(i)->text(2)}
+                        .join(QLatin1Char('|')));
+    QCOMPARE(rows,
+             QStringList({"数据字段|field:/patient/name|姓名", "文本|Text|凝血检验报告单", "矩形|Rect|"}));
+
+    outline->topLevelItem(2)->setSelected(true);
+    QVERIFY(rect->isSelected());
+    window->report()->clearSelection();
+    field->graphicsItem()->setSelected(true);
+    QVERIFY(outline->topLevelItem(0)->isSelected() && !outline->topLevelItem(2)->isSelected());
+    window->action(QStringLiteral("delete"))->trigger();
+    QCOMPARE(outline->topLevelItemCount(), 2);
+    window->action(QStringLiteral("undo"))->trigger();
+    QCOMPARE(outline->topLevelItemCount(), 3);
+
+    QStringList entries;
+    for (QAction* action : window->contextMenu()->actions())
+        entries.append(action->menu() ? action->menu()->title() : action->objectName());
+    QCOMPARE(entries, QStringList({"cut", "copy", "paste", "delete", "", "顺序(&O)", "", "properties"}));
+
+    // A double click on a data field opens the choice of what it shows.
+    window->report()->clearSelection();
+    const QPoint at = window->view()->mapFromScene(field->graphicsItem()->sceneBoundingRect().center());
+    QTest::mouseDClick(window->view()->viewport(), Qt::LeftButton, Qt::NoModifier, at);
+    QVERIFY(field->graphicsItem()->isSelected());
+    QTRY_VERIFY(window->propertyPanel()->bindingBox()->view()->isVisible());
+    window->propertyPanel()->bindingBox()->hidePopup();
+}
+
+void tst_Designer::undoStepNames()
+{
+    ToolPalette* palette = window->toolPalette();
+    QTest::mouseClick(palette->button(palette->creator(QStringLiteral("Rect"))), Qt::LeftButton);
+    drag(QPointF(100, 100), QPointF(200, 160));
+    QTRY_COMPARE(palette->current(), palette->pointer());
+    QCOMPARE(stack()->text(0), QStringLiteral("新建 矩形"));
+    ReportItem* rect = items().first();
+    drag(QPointF(150, 130), QPointF(250, 230));
+    QCOMPARE(rect->graphicsItem()->pos(), QPointF(100, 100));
+    QCOMPARE(stack()->count(), 2);
+    QCOMPARE(stack()->text(1), QStringLiteral("移动 1 项"));
+    drag(QPointF(300, 260), QPointF(330, 290)); // the bottom-right handle
+    QCOMPARE(stack()->text(2), QStringLiteral("调整大小"));
+    window->styleEditor()->setPenWidth(2);
+    QCOMPARE(stack()->text(3), QStringLiteral("线宽"));
+}
+
+void tst_Designer::rulersGridAndSnap()
+{
+    PageView* view = window->view();
+    Ruler* ruler = view->horizontalRuler();
+    QVERIFY(ruler->isVisible());
+    QCOMPARE(ruler->labelStep(), 20.0); // 100 %: 3.78 pixels per millimetre
+    view->setZoom(4);
+    QCOMPARE(ruler->labelStep(), 5.0);
+    view->actualSize();
+    const QPoint at = view->mapFromScene(QPointF(189, 50));
+    QMouseEvent move(QEvent::MouseMove, at, view->viewport()->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(view->viewport(), &move);
+    QVERIFY(qAbs(ruler->cursorPosition() - 189) < 1.5);
+    QVERIFY(qAbs(view->verticalRuler()->cursorPosition() - 50) < 1.5);
+
+    window->setGridMillimetres(5);
+    const double g = 5 * 96 / 25.4;
+    QCOMPARE(window->report()->gridSize(), QSizeF(g, g));
+    ReportRectItem* rect = addRect(QRectF(100, 100, 40, 40));
+    drag(QPointF(120, 120), QPointF(133, 127));
+    QCOMPARE(rect->pos(), QPointF(6 * g, 6 * g));
+    window->action(QStringLiteral("snapToGrid"))->trigger(); // off: the item goes where it is put
+    drag(QPointF(130, 130), QPointF(143, 137));
+    QVERIFY(QLineF(rect->pos(), QPointF(6 * g + 13, 6 * g + 7)).length() < 0.02);
+    window->action(QStringLiteral("snapToGrid"))->trigger();
+    window->setGridMillimetres(0);
+    QCOMPARE(window->report()->gridSize(), QSizeF(10, 10));
 }
 
 QTEST_MAIN(tst_Designer)

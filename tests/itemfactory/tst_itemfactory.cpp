@@ -1,3 +1,4 @@
+#include "../common/dialoganswerer.h"
 #include "../common/viewdriver.h"
 
 #include <core/profile.h>
@@ -469,16 +470,6 @@ void tst_ItemFactory::imageCreator()
     auto* tool = qobject_cast<ImageCreator*>(factory.creator("图像"));
     QVERIFY(tool);
 
-    // Where no user can answer, the dialog is not shown: the tool gives up at once.
-    {
-        ImageCreator unattended;
-        QSignalSpy done(&unattended, &ReportItemCreator::finished);
-        unattended.enter(&driver.view);
-        QCOMPARE(done.size(), 1);
-        QVERIFY(report.reportItems().isEmpty());
-        unattended.leave();
-    }
-
     QStringList patterns;
     for (const QByteArray& format : QImageReader::supportedImageFormats())
         patterns << "*." + QString::fromLatin1(format);
@@ -487,16 +478,20 @@ void tst_ItemFactory::imageCreator()
 
     QString askedFilter;
     QWidget* askedParent = nullptr;
-    QString answer;
-    tool->setFileChooser([&](QWidget* parent, const QString& filter) {
-        askedParent = parent;
-        askedFilter = filter;
-        return answer;
+    test::DialogAnswerer dialogs;
+    dialogs.then([&](QDialog* dialog) {
+        auto* files = qobject_cast<QFileDialog*>(dialog);
+        QVERIFY(files);
+        askedParent = files->parentWidget();
+        askedFilter = files->nameFilters().join(";;");
+        QCOMPARE(files->fileMode(), QFileDialog::ExistingFile);
+        files->reject();
     });
     QSignalSpy finished(tool, &ReportItemCreator::finished);
 
     // Cancelled: nothing is made, and the designer hears that the tool is done.
     tool->enter(&driver.view);
+    QCOMPARE(dialogs.shown(), QStringList{"QFileDialog"});
     QCOMPARE(askedFilter, expectedFilter);
     QCOMPARE(askedParent, driver.view.window());
     QCOMPARE(finished.size(), 1);
@@ -508,9 +503,11 @@ void tst_ItemFactory::imageCreator()
     QTemporaryDir dir;
     QImage picture(40, 20, QImage::Format_RGB32);
     picture.fill(Qt::red);
-    answer = dir.filePath("logo.png");
-    QVERIFY(picture.save(answer));
+    const QString fileName = dir.filePath("logo.png");
+    QVERIFY(picture.save(fileName));
+    dialogs.chooseFile(fileName);
     tool->enter(&driver.view);
+    QCOMPARE(dialogs.shown().size(), 2);
     QCOMPARE(report.undoStack()->count(), 1);
     const QList<ReportItem*> items = report.reportItems();
     QCOMPARE(items.size(), 1);
@@ -518,7 +515,7 @@ void tst_ItemFactory::imageCreator()
     QVERIFY(image);
     QCOMPARE(image->key(), QStringLiteral("Image"));
     QCOMPARE(image->pixmap().size(), QSize(40, 20));
-    const QPixmap pixmap(answer);
+    const QPixmap pixmap(fileName);
     QCOMPARE(image->transform(),
              QTransform::fromScale(double(pixmap.widthMM()) / 40, double(pixmap.heightMM()) / 20));
     tool->leave();

@@ -1,6 +1,7 @@
 #include <core/profile.h>
 #include <defaulttemplates.h>
 #include <itemfactory.h>
+#include <kvcore/sample.h>
 #include <report.h>
 #include <reportitem.h>
 
@@ -9,6 +10,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QSqlQuery>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -23,9 +25,11 @@ struct Run
     QString err;
 };
 
-Run runTool(const QStringList& arguments)
+Run runTool(const QStringList& arguments,
+            const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
 {
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.setProgram(QCoreApplication::applicationDirPath() + QStringLiteral("/coagulation-print"));
     process.setArguments(arguments);
     process.start();
@@ -53,6 +57,29 @@ int pdfPageCount(const QString& fileName)
     return int(text.count(page));
 }
 
+// Standard output of a PDF tool from poppler-utils or qpdf; empty when it is missing or fails.
+QString pdfTool(const QString& tool, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(tool, arguments);
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != 0)
+        return QString();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+// The text of a PDF as pdftotext finds it; empty when that fails.
+QString pdfText(const QString& fileName)
+{
+    return pdfTool(QStringLiteral("pdftotext"), {fileName, QStringLiteral("-")});
+}
+
+// The print date's month as an English session writes it ("Monday, November 23, 2026").
+QString englishMonth()
+{
+    return QLocale(QLocale::English).monthName(QDate::currentDate().month());
+}
+
 } // namespace
 
 class TestPrintTool : public QObject
@@ -71,6 +98,9 @@ private Q_SLOTS:
     void missingDataFailsClearly_data();
     void missingDataFailsClearly();
     void helpDescribesTheCommands();
+    void englishDemoHoldsNoChinese_data();
+    void englishDemoHoldsNoChinese();
+    void chineseTemplatePrintsInEnglishSession();
 
 private:
     QString path(const QString& name) const { return m_dir.filePath(name); }
@@ -92,8 +122,8 @@ void TestPrintTool::demoWorkspaceRemembersTheTemplates()
 {
     Profile workspace(profile());
     for (const DefaultTemplate& entry : DefaultTemplates::all()) {
-        QCOMPARE(workspace.value(entry.settingKey).toString(), entry.name);
-        QVERIFY(QFile::exists(path(QStringLiteral("demo/templates/%1.rpt").arg(entry.name))));
+        QCOMPARE(workspace.value(entry.settingKey).toString(), entry.name());
+        QVERIFY(QFile::exists(path(QStringLiteral("demo/templates/%1.rpt").arg(entry.name()))));
     }
     QSqlQuery query(workspace.dataDatabase());
     QVERIFY(query.exec(QStringLiteral("select count(*) from patient")));
@@ -118,22 +148,49 @@ void TestPrintTool::patientReportsGivePagePerPatient()
     while (query.next())
         printed.append(query.value(0).toLongLong());
     QCOMPARE(printed, (QList<qint64>{1, 2, 4}));
+
+    // Found again by what a laboratory searches for.
+    const QString text = pdfText(pdf);
+    if (text.isEmpty())
+        QSKIP("pdftotext is not installed");
+    for (const QString& searched : {QStringLiteral("示例市第一人民医院"), QStringLiteral("凝血酶原时间"),
+                                    QStringLiteral("凝血检验报告单")})
+        QCOMPARE(text.count(searched), 3);
 }
 
 void TestPrintTool::samplesArePrintedBySampleNumber()
 {
     QString sampleNo;
+    QString qcSampleNo;
+    QString qcTemplate;
     {
         Profile workspace(profile());
         QSqlQuery query(workspace.dataDatabase());
         QVERIFY(query.exec(QStringLiteral("select sampleNo from patient where id = 7")));
         QVERIFY(query.next());
         sampleNo = query.value(0).toString();
+        QVERIFY(query.exec(QStringLiteral("select sampleNo from patient order by id")));
+        while (qcSampleNo.isEmpty() && query.next()) {
+            if (Sample::sampleTypeOf(query.value(0).toString(), &workspace) == kv::QcSample)
+                qcSampleNo = query.value(0).toString();
+        }
+        QVERIFY(!qcSampleNo.isEmpty());
+        // No template chosen for QC samples.
+        qcTemplate = workspace.value(QStringLiteral("report/qc")).toString();
+        workspace.setValue(QStringLiteral("report/qc"), QString(), true);
     }
     const QString pdf = path(QStringLiteral("out/sample.pdf"));
     const Run run = runTool(
         {QStringLiteral("samples"), sampleNo, QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    QCOMPARE(pdfPageCount(pdf), 1);
+
+    // Nobody can pick the QC samples' template: the tool says so and does not wait for an answer.
+    const Run mixed = runTool({QStringLiteral("samples"), qcSampleNo, sampleNo, QStringLiteral("-p"),
+                               profile(), QStringLiteral("-o"), pdf});
+    Profile(profile()).setValue(QStringLiteral("report/qc"), qcTemplate, true);
+    QVERIFY2(mixed.exitCode == 0, qPrintable(mixed.err));
+    QVERIFY2(mixed.err.contains(qcSampleNo + QStringLiteral(" will be left out")), qPrintable(mixed.err));
     QCOMPARE(pdfPageCount(pdf), 1);
 }
 
@@ -173,9 +230,32 @@ void TestPrintTool::maintenanceReportIsOnePage()
     const QString pdf = path(QStringLiteral("out/maintenance.pdf"));
     const Run run =
         runTool({QStringLiteral("maintenance"), QStringLiteral("--month"), QStringLiteral("2024-06"),
-                 QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
+                 QStringLiteral("--pdfa"), QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QCOMPARE(pdfPageCount(pdf), 1);
+
+    // Archival: PDF/A-1b said in the XMP metadata, which agrees with the document information,
+    // every font embedded, and a file qpdf finds sound.
+    const QString meta = pdfTool(QStringLiteral("pdfinfo"), {QStringLiteral("-meta"), pdf});
+    const QString fonts = pdfTool(QStringLiteral("pdffonts"), {pdf});
+    const QString check = pdfTool(QStringLiteral("qpdf"), {QStringLiteral("--check"), pdf});
+    if (meta.isEmpty() || fonts.isEmpty() || check.isEmpty())
+        QSKIP("poppler-utils or qpdf is not installed");
+    QVERIFY2(meta.contains(QStringLiteral("<pdfaid:part>1</pdfaid:part>")) &&
+                 meta.contains(QStringLiteral("<pdfaid:conformance>B</pdfaid:conformance>")),
+             qPrintable(meta));
+    QVERIFY(meta.contains(QStringLiteral("<rdf:li xml:lang=\"x-default\">维护记录报告单 2024-06</rdf:li>")));
+    QVERIFY(meta.contains(QStringLiteral("<rdf:li>示例市第一人民医院</rdf:li>")));
+    QVERIFY(pdfTool(QStringLiteral("pdfinfo"), {pdf}).contains(QStringLiteral("维护记录报告单 2024-06")));
+    const QStringList fontRows = fonts.trimmed().split(QLatin1Char('\n')).mid(2);
+    QVERIFY(!fontRows.isEmpty());
+    for (const QString& row : fontRows) {
+        // Columns from the end: emb sub uni object generation.
+        const QStringList columns = row.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        QVERIFY2(columns.size() > 5 && columns.at(columns.size() - 5) == QLatin1String("yes"),
+                 qPrintable(fonts));
+    }
+    QVERIFY2(check.contains(QStringLiteral("No syntax or stream encoding errors")), qPrintable(check));
 }
 
 void TestPrintTool::templatesAreListed()
@@ -183,7 +263,7 @@ void TestPrintTool::templatesAreListed()
     const Run run = runTool({QStringLiteral("templates"), QStringLiteral("-p"), profile()});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     for (const DefaultTemplate& entry : DefaultTemplates::all()) {
-        QVERIFY2(run.out.contains(entry.name), qPrintable(run.out));
+        QVERIFY2(run.out.contains(entry.name()), qPrintable(run.out));
         QVERIFY2(run.out.contains(entry.settingKey), qPrintable(run.out));
     }
 }
@@ -220,6 +300,9 @@ void TestPrintTool::badArgumentsAreRefused_data()
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), p, QStringLiteral("--month"),
                        QStringLiteral("2024-06")}
         << QStringLiteral("--month does not apply to the command 'patients'");
+    QTest::newRow("unknown language") << QStringList{QStringLiteral("demo"), QStringLiteral("x"),
+                                                     QStringLiteral("--language"), QStringLiteral("fr")}
+                                      << QStringLiteral("--language 'fr' is not one of zh_CN and en");
     QTest::newRow("demo without folder")
         << QStringList{QStringLiteral("demo")} << QStringLiteral("needs exactly one folder");
 }
@@ -258,13 +341,23 @@ void TestPrintTool::missingDataFailsClearly_data()
     QTest::newRow("preview without display")
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--preview")}
         << QStringLiteral("--dialog and --preview need a display");
+    // Neither a platform nor a display named: nothing the platform plug-in could abort on.
+    QTest::newRow("dialog without any display")
+        << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--dialog"),
+                       QStringLiteral("--no-platform")}
+        << QStringLiteral("--dialog and --preview need a display");
 }
 
 void TestPrintTool::missingDataFailsClearly()
 {
     QFETCH(QStringList, arguments);
     QFETCH(QString, message);
-    const Run run = runTool(arguments + QStringList{QStringLiteral("-p"), profile()});
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (arguments.removeAll(QStringLiteral("--no-platform"))) {
+        for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+            environment.remove(QString::fromLatin1(name));
+    }
+    const Run run = runTool(arguments + QStringList{QStringLiteral("-p"), profile()}, environment);
     QCOMPARE(run.exitCode, 1);
     QVERIFY2(run.err.contains(message), qPrintable(run.err));
     QVERIFY(!QFile::exists(path(QStringLiteral("out/never.pdf"))));
@@ -281,9 +374,86 @@ void TestPrintTool::helpDescribesTheCommands()
     const Run run = runTool({QStringLiteral("--help")});
     QCOMPARE(run.exitCode, 0);
     for (const char* word : {"patients", "samples", "qc", "maintenance", "templates", "demo", "--output",
-                             "--preview", "--dialog", "--month", "--profile"})
+                             "--preview", "--dialog", "--month", "--profile", "--pdfa"})
         QVERIFY2(run.out.contains(QLatin1String(word)), word);
 }
 
 QTEST_MAIN(TestPrintTool)
+void TestPrintTool::englishDemoHoldsNoChinese_data()
+{
+    QTest::addColumn<QStringList>("job");
+    QTest::addColumn<QStringList>("expected"); // English texts of template, data and locale
+    // Patients 1 to 3 and the first QC sample (its own template) of the English demo.
+    QTest::newRow("patients") << QStringList{QStringLiteral("patients"), QStringLiteral("1"),
+                                             QStringLiteral("2"), QStringLiteral("3"),
+                                             QStringLiteral("qcsample")}
+                              << QStringList{QStringLiteral("Coagulation Test Report"),
+                                             QStringLiteral("QC Sample Test Report"),
+                                             QStringLiteral("Example City General Hospital"),
+                                             QStringLiteral("Prothrombin time")};
+    QTest::newRow("qc") << QStringList{QStringLiteral("qc"),     QStringLiteral("1"),
+                                       QStringLiteral("--from"), QStringLiteral("2024-06-01"),
+                                       QStringLiteral("--to"),   QStringLiteral("2024-06-28")}
+                        << QStringList{QStringLiteral("Internal QC Report"),
+                                       QStringLiteral("Coagulation control plasma"),
+                                       QStringLiteral("Upper stop limit"), QStringLiteral("QC count")};
+    QTest::newRow("maintenance") << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"),
+                                                QStringLiteral("2024-06")}
+                                 << QStringList{QStringLiteral("Coagulation Analyser Maintenance Record"),
+                                                QStringLiteral("Daily maintenance"),
+                                                QStringLiteral("Weekly maintenance")};
+}
+
+void TestPrintTool::englishDemoHoldsNoChinese()
+{
+    QFETCH(QStringList, job);
+    QFETCH(QStringList, expected);
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
+        QSKIP("pdftotext is not installed");
+    const QString folder = path(QStringLiteral("english"));
+    const QString english = QDir(folder).filePath(QStringLiteral("profile.ini"));
+    if (!QFile::exists(english)) {
+        const Run demo = runTool({QStringLiteral("demo"), folder, QStringLiteral("--patients"),
+                                  QStringLiteral("30"), QStringLiteral("--language"), QStringLiteral("en")});
+        QVERIFY2(demo.exitCode == 0, qPrintable(demo.err));
+    }
+    const int qcSample = job.indexOf(QStringLiteral("qcsample"));
+    if (qcSample >= 0) {
+        Profile workspace(english);
+        QSqlQuery query(workspace.dataDatabase());
+        QVERIFY(query.exec(QStringLiteral("select min(id) from patient where department = 'Laboratory'")));
+        QVERIFY(query.next() && !query.value(0).isNull());
+        job[qcSample] = query.value(0).toString();
+    }
+
+    const QString pdf = QDir(folder).filePath(job.first() + QStringLiteral(".pdf"));
+    const Run run = runTool(job + QStringList{QStringLiteral("-p"), english, QStringLiteral("-o"), pdf,
+                                              QStringLiteral("--language"), QStringLiteral("en")});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    const QString text = pdfText(pdf);
+    static const QRegularExpression cjk(QStringLiteral("[\\x{2e80}-\\x{9fff}\\x{ff00}-\\x{ffef}]"));
+    const QRegularExpressionMatch chinese = cjk.match(text);
+    QVERIFY2(!chinese.hasMatch(), qPrintable(text.mid(qMax(0, int(chinese.capturedStart()) - 40), 80)));
+    for (const QString& phrase : expected)
+        QVERIFY2(text.contains(phrase), qPrintable(phrase));
+    QVERIFY2(text.contains(englishMonth()), qPrintable(text.right(200)));
+}
+
+// A template keeps its own captions whatever the session's language; the data and the date are the
+// workspace's and the session's.
+void TestPrintTool::chineseTemplatePrintsInEnglishSession()
+{
+    const QString pdf = path(QStringLiteral("out/chinese-template.pdf"));
+    const Run run = runTool({QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("-p"), profile(),
+                             QStringLiteral("-o"), pdf, QStringLiteral("--language"), QStringLiteral("en")});
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
+        QSKIP("pdftotext is not installed");
+    const QString text = pdfText(pdf);
+    for (const QString& caption : {QStringLiteral("凝血检验报告单"), QStringLiteral("姓名："),
+                                   QStringLiteral("检验者："), QStringLiteral("本报告仅对所检测标本负责")})
+        QVERIFY2(text.contains(caption), qPrintable(caption + QLatin1Char('\n') + text));
+    QVERIFY2(text.contains(englishMonth()), qPrintable(text.right(200)));
+}
+
 #include "tst_printtool.moc"

@@ -61,7 +61,7 @@ void TestTemplates::committedTemplatesAreTheGeneratedOnes_data()
 {
     QTest::addColumn<QString>("name");
     for (const DefaultTemplate& entry : DefaultTemplates::all())
-        QTest::newRow(qPrintable(entry.settingKey)) << entry.name;
+        QTest::newRow(qPrintable(entry.settingKey)) << entry.name();
 }
 
 void TestTemplates::committedTemplatesAreTheGeneratedOnes()
@@ -174,7 +174,8 @@ void TestTemplates::fieldsNameExistingColumns()
             QCOMPARE(parts.size(), 2);
             QVERIFY2(databases.contains(parts.at(0)), qPrintable(item->key()));
             const QSqlRecord columns = databases.value(parts.at(0)).record(parts.at(0));
-            QVERIFY2(columns.contains(parts.at(1)), qPrintable(entry.name + QLatin1Char(' ') + item->key()));
+            QVERIFY2(columns.contains(parts.at(1)),
+                     qPrintable(entry.name() + QLatin1Char(' ') + item->key()));
             // The designer shows the column's display name, not its raw name.
             auto* field = dynamic_cast<ReportFieldItem*>(item);
             QVERIFY(field);
@@ -194,7 +195,7 @@ void TestTemplates::itemsStayOnThePage()
         for (ReportItem* item : report.reportItems()) {
             const QRectF bounds = item->graphicsItem()->sceneBoundingRect();
             QVERIFY2(page.contains(bounds), qPrintable(QStringLiteral("%1: %2 at %3,%4 %5x%6")
-                                                           .arg(entry.name, item->key())
+                                                           .arg(entry.name(), item->key())
                                                            .arg(bounds.x())
                                                            .arg(bounds.y())
                                                            .arg(bounds.width())
