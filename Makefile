@@ -1,5 +1,5 @@
 # Entry points for a fresh Debian 12 machine (run as root): each target installs what is missing first.
-.PHONY: all deps build demo test test-sanitize bench package clean
+.PHONY: all deps build demo test test-sanitize fuzz bench package clean
 
 all: build
 
@@ -20,6 +20,14 @@ test-sanitize: deps
 	cmake --preset sanitize
 	cmake --build --preset sanitize
 	ctest --preset sanitize
+
+# The template fuzz targets (clang, ASan and UBSan), each run for FUZZ_SECONDS; FUZZ_JOBS=3 runs
+# them side by side. Findings land in build/fuzz/findings/ and fail the target.
+FUZZ_SECONDS ?= 60
+fuzz: deps
+	cmake --preset fuzz
+	cmake --build --preset fuzz
+	scripts/fuzz.sh $(FUZZ_SECONDS)
 
 # The Debian package of everything installed (apt-get install ./build/package/coagulation-report_*.deb).
 package: deps

@@ -1,5 +1,6 @@
 #include "chartitems.h"
 
+#include "payloadreader_p.h"
 #include "recttracker.h"
 #include "reportfont.h"
 
@@ -17,6 +18,7 @@
 #include <QPainter>
 
 #include <cmath>
+#include <limits>
 
 namespace coagulation {
 
@@ -36,10 +38,13 @@ void loadProxyPayload(QDataStream& in, QGraphicsProxyWidget* proxy, ReportItem* 
 {
     qint8 version = 0;
     QRectF rect;
-    QPen pen;
-    QBrush brush;
-    QFont font;
-    in >> version >> rect >> pen >> brush >> font;
+    in >> version >> rect;
+    payload::requireFinite(in, {rect.x(), rect.y(), rect.width(), rect.height()});
+    const QPen pen = payload::readPen(in);
+    const QBrush brush = payload::readBrush(in);
+    const QFont font = payload::readFont(in);
+    if (in.status() != QDataStream::Ok)
+        return;
     item->setPen(pen);
     item->setBrush(brush);
     item->setFont(font);
@@ -68,9 +73,16 @@ void applyProxyGeometry(QGraphicsProxyWidget* proxy, const QPolygonF& polygon)
     proxy->setGeometry(QRectF(pointAt(mapped, 0), pointAt(mapped, 1)));
 }
 
-double pointTime(const QcExportData* data, int index)
+double pointTime(const QcExportData* data, qint64 index)
 {
     return index >= 0 && index < data->points.size() ? data->points.at(index).time : 0.0;
+}
+
+// An index a middle page's axis can take: the page's points all lie inside the list.
+int indexOnAxis(qint64 index)
+{
+    return int(
+        qBound(qint64(std::numeric_limits<int>::min()), index, qint64(std::numeric_limits<int>::max())));
 }
 
 } // namespace
@@ -144,22 +156,23 @@ void ReportQcChartItem::updateData()
     }
     m_plot->setData(data);
 
-    // The points of the current page.
-    int first = data->firstIndex;
-    int count = data->count;
+    // The points of the current page, in 64 bits: page numbers and counts come from the data
+    // and from tables whose row counts a template sets.
+    qint64 first = data->firstIndex;
+    qint64 count = data->count;
     if (r->resultCount() > 0) {
-        const int skipped = (r->currentPage() - 1) * r->resultCount();
+        const qint64 skipped = (qint64(r->currentPage()) - 1) * r->resultCount();
         first += skipped;
-        count = qMin(count - skipped, r->resultCount());
+        count = qMin(count - skipped, qint64(r->resultCount()));
     }
-    const int last = qMax(0, int(data->points.size()) - 1);
-    const int a = qMax(0, qMin(first, last));
-    const int b = qMax(a, qMin(first + count - 1, last));
-    const int limit = qMin(last, data->firstIndex + data->count - 1);
+    const qint64 last = qMax<qint64>(0, data->points.size() - 1);
+    const qint64 a = qMax<qint64>(0, qMin(first, last));
+    const qint64 b = qMax(a, qMin(first + count - 1, last));
+    const qint64 limit = qMin(last, qint64(data->firstIndex) + data->count - 1);
 
     // Pages between the first and the last count runs; the end pages keep the series' dates.
     if (a > data->firstIndex && b < limit) {
-        m_plot->setAxisXScaleIndex(first, first + count - 1);
+        m_plot->setAxisXScaleIndex(indexOnAxis(first), indexOnAxis(first + count - 1));
         return;
     }
     const double lo =

@@ -1,8 +1,11 @@
 #include "drawingitems.h"
 
 #include "commands.h"
+#include "payloadreader_p.h"
 #include "reportfont.h"
+#include "reporttextdocument_p.h"
 #include "selectionoutline.h"
+#include "templatelimits_p.h"
 #include "tracker.h"
 
 #include <QDataStream>
@@ -29,6 +32,7 @@ constexpr QGraphicsItem::GraphicsItemFlags drawingFlags = QGraphicsItem::ItemIsM
 ReportTextItem::ReportTextItem(bool editable) : m_editable(editable)
 {
     setFlags(drawingFlags | (editable ? QGraphicsItem::ItemIsFocusable : QGraphicsItem::GraphicsItemFlags()));
+    setDocument(new ReportTextDocument(this));
     QGraphicsTextItem::setFont(withChineseFallback(QGraphicsTextItem::font()));
     connect(document(), &QTextDocument::contentsChanged, this, &ReportTextItem::contentsChanged);
     setDefaultTextColor(Qt::black);
@@ -177,12 +181,19 @@ void ReportTextItem::load(QDataStream& in)
 {
     qint8 format = 0;
     qint32 align = 0;
-    QPen pen;
-    QBrush brush;
-    QFont font;
+    in >> format >> align;
+    const QPen pen = payload::readPen(in);
+    const QBrush brush = payload::readBrush(in);
+    const QFont font = payload::readFont(in);
     double width = -1;
-    QString text;
-    in >> format >> align >> pen >> brush >> font >> width >> text;
+    in >> width;
+    const QString text = payload::readText(in);
+    payload::requireFinite(in, {width});
+    // A damaged payload is not applied: its values are noise.
+    if (in.status() != QDataStream::Ok)
+        return;
+    if (format == 1)
+        TemplateLimits::checkHtml(text);
     setPen(pen);
     setBrush(brush);
     setFont(font);
@@ -244,8 +255,11 @@ void ReportLineItem::load(QDataStream& in)
 {
     qint8 version = 0;
     QLineF l;
-    QPen p;
-    in >> version >> l >> p;
+    in >> version >> l;
+    payload::requireFinite(in, {l.x1(), l.y1(), l.x2(), l.y2()});
+    const QPen p = payload::readPen(in);
+    if (in.status() != QDataStream::Ok)
+        return;
     setLine(l);
     setPen(p);
 }
@@ -301,9 +315,12 @@ void ReportRectItem::load(QDataStream& in)
 {
     qint8 version = 0;
     QRectF r;
-    QPen p;
-    QBrush b;
-    in >> version >> r >> p >> b;
+    in >> version >> r;
+    payload::requireFinite(in, {r.x(), r.y(), r.width(), r.height()});
+    const QPen p = payload::readPen(in);
+    const QBrush b = payload::readBrush(in);
+    if (in.status() != QDataStream::Ok)
+        return;
     setRect(r);
     setPen(p);
     setBrush(b);
@@ -340,8 +357,10 @@ void ReportImageItem::save(QDataStream& out)
 void ReportImageItem::load(QDataStream& in)
 {
     qint8 version = 0;
-    QPixmap p;
-    in >> version >> p;
+    in >> version;
+    const QPixmap p = payload::readPixmap(in);
+    if (in.status() != QDataStream::Ok)
+        return;
     setPixmap(p);
 }
 

@@ -1,8 +1,10 @@
 #include "graphicstableitem.h"
 
+#include "payloadreader_p.h"
 #include "report.h"
 #include "reportfont.h"
 #include "selectionoutline.h"
+#include "templatelimits_p.h"
 
 #include <QDataStream>
 #include <QPainter>
@@ -15,8 +17,24 @@ namespace {
 // Every cell is one vertically centred line; trailing blanks keep their width.
 constexpr int cellTextFlags = Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextIncludeTrailingSpaces;
 
-// A loaded count beyond this is taken for a broken template rather than painted.
-constexpr qint32 maxLoadedCount = 65536;
+constexpr qint64 columnSpecBytes = 8 + 4;
+
+// The encoding of QList<ColumnSpec>, with the count checked before anything is kept.
+QList<ColumnSpec> readColumnSpecs(QDataStream& in)
+{
+    quint32 count = 0;
+    in >> count;
+    if (in.status() != QDataStream::Ok || !payload::fits(in, count, columnSpecBytes))
+        return {};
+    TemplateLimits::checkColumns(count);
+    QList<ColumnSpec> columns;
+    for (quint32 c = 0; c < count && in.status() == QDataStream::Ok; ++c) {
+        ColumnSpec column;
+        in >> column;
+        columns.append(column);
+    }
+    return columns;
+}
 
 } // namespace
 
@@ -179,16 +197,19 @@ void GraphicsTableItem::load(QDataStream& in)
     double spacing = 0.0;
     double rowHeight = 0.0;
     QSizeF size;
-    QList<QStringList> texts;
-    QList<ColumnSpec> columns;
-    QFont font;
-    in >> version >> rowCount >> columnCount >> spacing >> rowHeight >> size >> texts >> columns >> font;
+    in >> version >> rowCount >> columnCount >> spacing >> rowHeight >> size;
+    payload::requireFinite(in, {spacing, rowHeight, size.width(), size.height()});
+    const QList<QStringList> texts = payload::readStringTable(in);
+    const QList<ColumnSpec> columns = readColumnSpecs(in);
+    const QFont font = payload::readFont(in);
     if (in.status() != QDataStream::Ok)
         return;
-    if (rowCount > maxLoadedCount || columnCount > maxLoadedCount) {
-        in.setStatus(QDataStream::ReadCorruptData);
-        return;
-    }
+    // The counts are painted and measured cell by cell, so they are bounded like stored cells.
+    qint64 stored = 0;
+    for (const QStringList& row : texts)
+        stored += row.size();
+    TemplateLimits::chargeCells(qMax(qint64(qMax(rowCount, 0)) * qMax(columnCount, 0), stored));
+    TemplateLimits::checkColumns(columnCount);
     m_rowCount = rowCount;
     m_columnCount = columnCount;
     m_spacing = spacing;

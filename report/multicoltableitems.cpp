@@ -2,6 +2,7 @@
 
 #include "reportfont.h"
 #include "tablegeometry.h"
+#include "templatelimits_p.h"
 #include "tracker.h"
 
 #include <kvcore/assayitem.h>
@@ -16,7 +17,7 @@ namespace coagulation {
 namespace {
 
 // Guards against absurd widths and broken templates; far more than a page can show.
-constexpr int maxBlocks = 1000;
+constexpr int maxBlocks = TemplateLimits::maxBlocks;
 constexpr double maxRows = 100000.0;
 
 enum QcColumn { DateColumn, TimeColumn, ValueColumn };
@@ -141,16 +142,22 @@ void ReportMultiColTableItem::load(QDataStream& in)
     if (std::isfinite(gap)) // a broken file must not place blocks at infinity
         m_minimumGap = gap;
     m_size = size;
+    TemplateLimits::checkBlocks(count);
     // Blocks are read one by one, so a broken count stops at the end of the stream instead of
     // making blocks that no grid fills.
-    const int wanted = qBound(1, int(count), maxBlocks);
+    const int wanted = qMax(1, int(count));
     int loaded = 0;
+    qint64 cells = 0;
     while (loaded < wanted) {
         if (loaded == columns())
             appendBlock();
-        m_blocks.at(loaded++)->load(in);
+        GraphicsTableItem* block = m_blocks.at(loaded++);
+        block->load(in);
         if (in.status() != QDataStream::Ok)
             break;
+        // The blocks together are one table.
+        cells += qint64(qMax(block->rowCount(), 0)) * qMax(block->columnCount(), 0);
+        TemplateLimits::checkCells(cells);
     }
     setColumns(loaded);
     setFont(font());

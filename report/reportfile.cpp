@@ -3,7 +3,9 @@
 #include "report.h"
 
 #include "itemfactory.h"
+#include "payloadreader_p.h"
 #include "reportitembase.h"
+#include "templatelimits_p.h"
 
 #include <core/information.h>
 
@@ -175,6 +177,8 @@ bool Report::loadItems(QDataStream& in, QList<ReportItem*>& items) const
     in >> count;
     if (count <= 0)
         return true;
+    TemplateLimits::checkItems(count);
+    const TemplateLimits::Scope budget; // bounds every picture, cell and text of the list together
     QList<ReportItem*> read;
     ReportItem* item = nullptr;
     try {
@@ -212,6 +216,9 @@ bool Report::loadItem(QDataStream& in, ReportItem*& item) const
     QPointF pos;
     QTransform transform;
     in >> key >> pos >> transform;
+    payload::requireFinite(in, {pos.x(), pos.y(), transform.m11(), transform.m12(), transform.m13(),
+                                transform.m21(), transform.m22(), transform.m23(), transform.m31(),
+                                transform.m32(), transform.m33()});
     item = m_factory ? m_factory->create(key) : nullptr;
     if (!item)
         throw ReportItem::tr("无法创建 %1 对象").arg(key);

@@ -24,7 +24,8 @@ QFont sceneFont(const QFont& font, int dpi)
     if (font.pixelSize() > 0 || font.pointSizeF() <= 0 || dpi <= 0)
         return font;
     QFont result = font;
-    result.setPixelSize(qMax(1, qRound(font.pointSizeF() * dpi / 72.0)));
+    // Bounded before rounding: a template's resolution is a number from the file.
+    result.setPixelSize(qRound(qBound(1.0, font.pointSizeF() * dpi / 72.0, 65536.0)));
     return result;
 }
 

@@ -22,6 +22,9 @@ constexpr QGraphicsItem::GraphicsItemFlags tableFlags = QGraphicsItem::ItemIsMov
 // the printed name "项目名称": the result's abbr goes under the first, its code under the second.
 enum PatientColumn { AbbrColumn, CodeColumn, ResultColumn, UnitColumn, FlagColumn, RangeColumn };
 
+// Decimals of a number from the database, at most.
+constexpr int maxPrecision = 32;
+
 // The assay look-up: whether a result is printed and with how many decimals.
 const char assaySql[] = "select precision, visible from assayItem, assayTemplate where assayTemplate.id = "
                         "assayItem.assayTemplateId and  assayTemplate.name = :item and  assayItem.name = "
@@ -139,7 +142,9 @@ void ReportPatientTableItem::updateData()
         // Hidden and unknown assays are left out without a gap.
         if (!assay.next() || !assay.value(1).toBool())
             continue;
-        const int precision = assay.value(0).toInt();
+        // Beyond what a result can show, more decimals only cost memory (a database may say
+        // 2147483647); the result column is cut the same way.
+        const int precision = qMin(assay.value(0).toInt(), maxPrecision);
 
         AnalysisResult result(results.value(4).toString(), m_profile);
         result.setFlags(results.value(6).toInt());

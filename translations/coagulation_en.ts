@@ -1126,6 +1126,14 @@ Do you want to save your changes?</translation>
         <translation>Example Medical Devices Ltd.</translation>
     </message>
     <message>
+        <source>试剂位温度曾短时升至十二摄氏度，复测恢复正常；已记录报警时间并通知工程师，下次巡检时检查制冷模块与温度传感器</source>
+        <translation>Reagent position briefly reached 12 °C, normal again on re-measuring; alarm time recorded and the engineer informed, cooling module and temperature sensor to be checked at the next service</translation>
+    </message>
+    <message>
+        <source>标本轻度溶血，结果仅供参考；首次检测结果异常，已用原标本复查，复查结果与首次一致；危急值已电话通知临床医生并登记</source>
+        <translation>Sample slightly haemolysed, results for reference only; first results abnormal, re-measured from the same sample with the same results; critical values phoned to the clinician and logged</translation>
+    </message>
+    <message>
         <source>%1(%2)</source>
         <comment>control material (level)</comment>
         <translation>%1 (%2)</translation>
@@ -1202,6 +1210,48 @@ Do you want to save your changes?</translation>
     <message>
         <source>、</source>
         <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::OverflowCheck</name>
+    <message>
+        <source>表格 %1 有 %2 行，模板只留出 %3 行的位置</source>
+        <translation>table %1 has %2 rows, the template has room for %3</translation>
+    </message>
+    <message>
+        <source>%1 超出页面</source>
+        <translation>%1 runs past the page</translation>
+    </message>
+    <message>
+        <source>%1 超出模板留出的位置，压住了 %2</source>
+        <translation>%1 outgrows the room its template gives it and covers %2</translation>
+    </message>
+    <message>
+        <source>%1：%2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::OverflowPreflight</name>
+    <message>
+        <source>病人 %1（样本号 %2）</source>
+        <translation>patient %1 (sample %2)</translation>
+    </message>
+    <message>
+        <source>质控品 %1 %2（批号 %3）第 %4 页</source>
+        <translation>control %1 %2 (lot %3), page %4</translation>
+    </message>
+    <message>
+        <source>%1 %2 的维护记录</source>
+        <translation>maintenance records of %1, %2</translation>
+    </message>
+    <message>
+        <source>警告：%1</source>
+        <translation>warning: %1</translation>
+    </message>
+    <message>
+        <source>有 %1 处内容超出模板留出的位置（--strict），没有打印，也没有记录打印时间</source>
+        <translation>%1 item(s) outgrow the room their template gives them (--strict): nothing was printed and no print time was recorded</translation>
     </message>
 </context>
 <context>
@@ -1452,6 +1502,10 @@ Do you want to save your changes?</translation>
     <message>
         <source>均值</source>
         <translation>Mean</translation>
+    </message>
+    <message>
+        <source>已剔除</source>
+        <translation>excluded</translation>
     </message>
 </context>
 <context>
@@ -2106,6 +2160,65 @@ Do you want to save your changes?</translation>
     <message>
         <source>统计信息</source>
         <translation>Statistics</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::TemplateLimits</name>
+    <message>
+        <source>模板超出限制：%1不能超过 %2。</source>
+        <translation>The template exceeds a limit: %1 cannot exceed %2.</translation>
+    </message>
+    <message>
+        <source>模板中的项目数</source>
+        <translation>the number of items in a template</translation>
+    </message>
+    <message>
+        <source>一个表格的单元格数</source>
+        <translation>the number of cells of one table</translation>
+    </message>
+    <message>
+        <source>模板中所有表格的单元格数</source>
+        <translation>the number of cells of all tables in a template</translation>
+    </message>
+    <message>
+        <source>一个表格的列数</source>
+        <translation>the number of columns of one table</translation>
+    </message>
+    <message>
+        <source>多列表格的列块数</source>
+        <translation>the number of blocks of a multi-column table</translation>
+    </message>
+    <message>
+        <source>一张图片的像素数</source>
+        <translation>the number of pixels of one picture</translation>
+    </message>
+    <message>
+        <source>模板中所有图片的像素数</source>
+        <translation>the number of pixels of all pictures in a template</translation>
+    </message>
+    <message>
+        <source>一段文字的字符数</source>
+        <translation>the number of characters of one text</translation>
+    </message>
+    <message>
+        <source>模板中所有文字的字符数</source>
+        <translation>the number of characters of all texts in a template</translation>
+    </message>
+    <message>
+        <source>渐变的色标数</source>
+        <translation>the number of stops of a gradient</translation>
+    </message>
+    <message>
+        <source>HTML 单元格的跨行或跨列数</source>
+        <translation>the row or column span of an HTML cell</translation>
+    </message>
+    <message>
+        <source>HTML 元素的嵌套层数</source>
+        <translation>the nesting depth of HTML elements</translation>
+    </message>
+    <message>
+        <source>HTML 表格的嵌套层数</source>
+        <translation>the nesting depth of HTML tables</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "printtool.h"
 
 #include "demoworkspace.h"
+#include "overflowpreflight.h"
 #include "reportsources.h"
 
 #include <core/information.h>
@@ -183,6 +184,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
     if (arguments.archival)
         profile->setValue(QStringLiteral("report/pdfa"), true, false);
     ReportSources sources(profile);
+    // Every page is bound once before printing, so that nothing overprints unannounced.
+    OverflowPreflight preflight(workspace);
     const DataStorage::StoreMode mode = storeMode(arguments.destination);
     bool stored = false;
     switch (arguments.command) {
@@ -200,6 +203,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
             fail(QStringLiteral(
                      "No template chosen for QC samples (profile key report/qc): %1 will be left out")
                      .arg(qcSamples.join(QStringLiteral(", "))));
+        if (!OverflowPreflight::passes(preflight.patients(ids), arguments.strict))
+            return Failure;
         stored = printer->store(ids, profile->dataDatabase(), mode);
         break;
     }
@@ -210,6 +215,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
         QList<QcExportData*> data;
         for (const auto& one : series)
             data.append(one->data());
+        if (!OverflowPreflight::passes(preflight.qc(data), arguments.strict))
+            return Failure;
         stored = printer->store(data, mode);
         break;
     }
@@ -220,6 +227,8 @@ int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Works
         MaintenanceExportData data;
         data.workbench = &workbench;
         data.month = arguments.month;
+        if (!OverflowPreflight::passes(preflight.maintenance(data), arguments.strict))
+            return Failure;
         stored = printer->store(&data, mode);
         break;
     }

@@ -26,6 +26,7 @@ const QList<OptionUse>& optionUses()
         {"output", printCommands},
         {"dialog", printCommands},
         {"preview", printCommands},
+        {"strict", printCommands},
         {"pdfa", printCommands},
         {"from", {ToolArguments::Qc}},
         {"to", {ToolArguments::Qc}},
@@ -46,6 +47,7 @@ void addOptions(QCommandLineParser& parser)
         {{QStringLiteral("o"), QStringLiteral("output")}, QString(), QStringLiteral("file")},
         {QStringLiteral("dialog"), QString()},
         {QStringLiteral("preview"), QString()},
+        {QStringLiteral("strict"), QString()},
         {QStringLiteral("pdfa"), QString()},
         {QStringLiteral("from"), QString(), QStringLiteral("date")},
         {QStringLiteral("to"), QString(), QStringLiteral("date")},
@@ -92,6 +94,8 @@ QString ToolArguments::helpText()
         "  -o, --output FILE      write a PDF file instead of printing on the default printer\n"
         "  --dialog               choose the printer in a print dialog first\n"
         "  --preview              show a print preview, from which one can print\n"
+        "  --strict               fail, printing nothing, when a page's content outgrows the room\n"
+        "                         its template gives it (otherwise that is a warning)\n"
         "  --pdfa                 write the PDF as PDF/A-1b, for archiving (for this run; the\n"
         "                         profile's \"report/pdfa\" = true makes it the default)\n"
         "  --from DATE, --to DATE qc: only results measured in this range (yyyy-MM-dd)\n"
@@ -192,6 +196,7 @@ bool ToolArguments::parse(const QStringList& arguments)
         return fail(QStringLiteral("Give only one of --output, --dialog and --preview"));
     destination = toPdf ? PdfFile : dialog ? PrintDialog : preview ? Preview : Printer;
     outputFile = parser.value(QStringLiteral("output"));
+    strict = parser.isSet(QStringLiteral("strict"));
     if (toPdf && outputFile.isEmpty())
         return fail(QStringLiteral("--output needs a file name"));
     profileFile = parser.value(QStringLiteral("profile"));

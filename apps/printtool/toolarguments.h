@@ -25,6 +25,7 @@ public:
     QString templateDirectory; // empty: the profile's
     QString templateName;      // empty: the remembered one
     QString outputFile;
+    bool strict = false;   // content outgrowing its template fails the job instead of a warning
     bool archival = false; // PDF/A-1b
     QList<qint64> ids;     // patients or reagents
     QStringList sampleNumbers;

@@ -25,6 +25,10 @@ struct DefaultTemplate
 class DefaultTemplates
 {
 public:
+    // Result rows the patient templates have room for: the ten visible assays of the demo
+    // catalogue, each measured twice.
+    static constexpr int patientResultRows = 20;
+
     static const QList<DefaultTemplate>& all();
     static const DefaultTemplate* find(const QString& name);
 

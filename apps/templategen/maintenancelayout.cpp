@@ -29,8 +29,9 @@ void Layouts::maintenanceReport(TemplateBuilder& builder)
     // The tables size themselves to the month's records when printed. They show consecutive
     // record types, the table filled first the daily maintenance; a loaded template stacks its
     // items in reverse and the report fills the topmost first, so the daily table is added first.
-    // Room is kept for a 31-day month with a few two-line rows.
-    const double heights[] = {690, 134, 56};
+    // Rows are one or (for a long remark or a notable result) two lines high: the daily table has
+    // room for a 31-day month with about eight two-line rows, the weekly one for five weeks.
+    const double heights[] = {703, 124, 56};
     for (double height : heights) {
         auto* table = new ReportMaintenanceRecordItem;
         table->setFont(TemplateBuilder::font(10));

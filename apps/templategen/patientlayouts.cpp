@@ -1,3 +1,4 @@
+#include "defaulttemplates.h"
 #include "layouts_p.h"
 #include "templatebuilder.h"
 
@@ -9,16 +10,17 @@ namespace {
 
 using PageFurniture::margin;
 
-// Left edges of the four columns of the patient block, and its right end.
-using PageFurniture::columnX;
+// The sample block is a grid of three columns, each a label of one width and its value, so
+// that labels and values line up down the page; a long value (diagnosis) spans columns.
+constexpr double gridX[] = {margin, margin + 234, margin + 468, 749};
 constexpr double rowStep = 26;
 
 void labelled(TemplateBuilder& builder, const QString& label, const QString& column, int gridColumn, double y,
               double labelWidth, int span = 1)
 {
-    const double width = columnX[gridColumn + span] - columnX[gridColumn];
-    builder.labelledField(label, QStringLiteral("patient"), column, QPointF(columnX[gridColumn], y),
-                          labelWidth, width - labelWidth);
+    const double width = gridX[gridColumn + span] - gridX[gridColumn];
+    builder.labelledField(label, QStringLiteral("patient"), column, QPointF(gridX[gridColumn], y), labelWidth,
+                          width - labelWidth);
 }
 
 // Captions, rules and the result table; returns the y of the closing rule.
@@ -27,8 +29,8 @@ double resultsSection(TemplateBuilder& builder, double y)
     const double width = builder.pageWidth() - 2 * margin;
     const QList<double> widths = {92, 226, 96, 100, 48, 142};
     const QList<int> flags = {0, 0, Qt::AlignRight, 0, 0, 0};
-    constexpr double rowHeight = 26;
-    constexpr int rows = 14;
+    constexpr double rowHeight = 24;
+    constexpr int rows = DefaultTemplates::patientResultRows;
     auto* table = new ReportPatientTableItem(builder.profile());
     table->setFont(TemplateBuilder::font(14));
     table->setGeometry(TemplateBuilder::tablePolygon(QSizeF(width, rows * rowHeight), rowHeight, widths));
@@ -49,8 +51,8 @@ void signatures(TemplateBuilder& builder, double remarkY)
     builder.labelledField(TemplateBuilder::tr("备注："), QStringLiteral("patient"), QStringLiteral("remark"),
                           QPointF(margin, remarkY), 52, 600);
     const double y = builder.pageHeight() - 130;
-    PageFurniture::signature(builder, TemplateBuilder::tr("检验者："), QPointF(columnX[0], y));
-    PageFurniture::signature(builder, TemplateBuilder::tr("审核者："), QPointF(columnX[2], y));
+    PageFurniture::signature(builder, TemplateBuilder::tr("检验者："), QPointF(gridX[0], y));
+    PageFurniture::signature(builder, TemplateBuilder::tr("审核者："), QPointF(gridX[2], y));
     const double width = builder.pageWidth() - 2 * margin;
     builder.text(TemplateBuilder::tr("本报告仅对所检测标本负责，如有疑问请于三日内与检验科联系。"),
                  QPointF(margin, builder.pageHeight() - 104), {12, false, Qt::AlignHCenter, width});
@@ -59,7 +61,7 @@ void signatures(TemplateBuilder& builder, double remarkY)
 // Closes the sample block at `y` with a rule; the results, signatures and footer follow.
 void finishPage(TemplateBuilder& builder, double y)
 {
-    builder.line(QLineF(margin, y, columnX[4], y), 1.0);
+    builder.line(QLineF(margin, y, gridX[3], y), 1.0);
     const double end = resultsSection(builder, y + 4);
     signatures(builder, end + 6);
     PageFurniture::footer(builder);
@@ -69,41 +71,54 @@ void finishPage(TemplateBuilder& builder, double y)
 
 void Layouts::patientReport(TemplateBuilder& builder)
 {
+    // Room for the widest label, "送检医生：", or its translation.
+    const double label =
+        TemplateBuilder::labelWidth({TemplateBuilder::tr("送检医生："), TemplateBuilder::tr("样本类型："),
+                                     TemplateBuilder::tr("临床诊断："), TemplateBuilder::tr("采样时间："),
+                                     TemplateBuilder::tr("接收时间："), TemplateBuilder::tr("报告时间：")},
+                                    80);
     double y = PageFurniture::header(builder, TemplateBuilder::tr("凝血检验报告单")) + 6;
-    labelled(builder, TemplateBuilder::tr("姓名："), QStringLiteral("name"), 0, y, 52);
-    labelled(builder, TemplateBuilder::tr("性别："), QStringLiteral("sex"), 1, y, 52);
-    builder.text(TemplateBuilder::tr("年龄："), QPointF(columnX[2], y), {14, false, Qt::AlignLeft, 52});
-    builder.field(QStringLiteral("patient"), QStringLiteral("age"), QPointF(columnX[2] + 52, y),
-                  {14, false, Qt::AlignRight, 36});
-    builder.field(QStringLiteral("patient"), QStringLiteral("ageUnit"), QPointF(columnX[2] + 80, y),
-                  {14, false, Qt::AlignLeft, 60});
-    labelled(builder, TemplateBuilder::tr("样本号："), QStringLiteral("sampleNo"), 3, y, 66);
+    labelled(builder, TemplateBuilder::tr("姓名："), QStringLiteral("name"), 0, y, label);
+    labelled(builder, TemplateBuilder::tr("性别："), QStringLiteral("sex"), 1, y, label);
+    // The age sits right against its unit; both have room for the designer's placeholders.
+    builder.text(TemplateBuilder::tr("年龄："), QPointF(gridX[2], y), {14, false, Qt::AlignLeft, label});
+    builder.field(QStringLiteral("patient"), QStringLiteral("age"), QPointF(gridX[2] + label, y),
+                  {14, false, Qt::AlignRight, 64});
+    builder.field(QStringLiteral("patient"), QStringLiteral("ageUnit"), QPointF(gridX[2] + label + 64, y),
+                  {14, false, Qt::AlignLeft, gridX[3] - gridX[2] - label - 64});
     y += rowStep;
-    labelled(builder, TemplateBuilder::tr("科室："), QStringLiteral("department"), 0, y, 52);
-    labelled(builder, TemplateBuilder::tr("床号："), QStringLiteral("bed"), 1, y, 52);
-    labelled(builder, TemplateBuilder::tr("送检医生："), QStringLiteral("doctor"), 2, y, 80);
-    labelled(builder, TemplateBuilder::tr("样本类型："), QStringLiteral("sampleKind"), 3, y, 80);
+    labelled(builder, TemplateBuilder::tr("样本号："), QStringLiteral("sampleNo"), 0, y, label);
+    labelled(builder, TemplateBuilder::tr("样本类型："), QStringLiteral("sampleKind"), 1, y, label);
+    labelled(builder, TemplateBuilder::tr("科室："), QStringLiteral("department"), 2, y, label);
     y += rowStep;
-    labelled(builder, TemplateBuilder::tr("临床诊断："), QStringLiteral("diagnosis"), 0, y, 80, 2);
-    labelled(builder, TemplateBuilder::tr("采样时间："), QStringLiteral("collectTime"), 2, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("床号："), QStringLiteral("bed"), 0, y, label);
+    labelled(builder, TemplateBuilder::tr("送检医生："), QStringLiteral("doctor"), 1, y, label);
+    labelled(builder, TemplateBuilder::tr("采样时间："), QStringLiteral("collectTime"), 2, y, label);
     y += rowStep;
-    labelled(builder, TemplateBuilder::tr("接收时间："), QStringLiteral("receiveTime"), 0, y, 80, 2);
-    labelled(builder, TemplateBuilder::tr("报告时间："), QStringLiteral("reportTime"), 2, y, 80, 2);
-    finishPage(builder, y + rowStep + 8);
+    labelled(builder, TemplateBuilder::tr("临床诊断："), QStringLiteral("diagnosis"), 0, y, label, 2);
+    labelled(builder, TemplateBuilder::tr("接收时间："), QStringLiteral("receiveTime"), 2, y, label);
+    y += rowStep;
+    labelled(builder, TemplateBuilder::tr("报告时间："), QStringLiteral("reportTime"), 2, y, label);
+    finishPage(builder, y + rowStep + 6);
 }
 
 void Layouts::qcSampleReport(TemplateBuilder& builder)
 {
+    const double wide = TemplateBuilder::labelWidth({TemplateBuilder::tr("质控文件号：")}, 94);
+    const double label =
+        TemplateBuilder::labelWidth({TemplateBuilder::tr("样本类型："), TemplateBuilder::tr("检验科室："),
+                                     TemplateBuilder::tr("测定时间："), TemplateBuilder::tr("报告时间：")},
+                                    80);
     double y = PageFurniture::header(builder, TemplateBuilder::tr("质控样本检验报告单")) + 6;
-    labelled(builder, TemplateBuilder::tr("质控品："), QStringLiteral("name"), 0, y, 66, 2);
-    labelled(builder, TemplateBuilder::tr("质控文件号："), QStringLiteral("sampleNo"), 2, y, 94, 2);
+    labelled(builder, TemplateBuilder::tr("质控品："), QStringLiteral("name"), 0, y, wide, 2);
+    labelled(builder, TemplateBuilder::tr("样本类型："), QStringLiteral("sampleKind"), 2, y, label);
     y += rowStep;
-    labelled(builder, TemplateBuilder::tr("样本类型："), QStringLiteral("sampleKind"), 0, y, 80, 2);
-    labelled(builder, TemplateBuilder::tr("检验科室："), QStringLiteral("department"), 2, y, 80, 2);
+    labelled(builder, TemplateBuilder::tr("质控文件号："), QStringLiteral("sampleNo"), 0, y, wide);
+    labelled(builder, TemplateBuilder::tr("检验科室："), QStringLiteral("department"), 1, y, label);
+    labelled(builder, TemplateBuilder::tr("测定时间："), QStringLiteral("collectTime"), 2, y, label);
     y += rowStep;
-    labelled(builder, TemplateBuilder::tr("测定时间："), QStringLiteral("collectTime"), 0, y, 80, 2);
-    labelled(builder, TemplateBuilder::tr("报告时间："), QStringLiteral("reportTime"), 2, y, 80, 2);
-    finishPage(builder, y + rowStep + 8);
+    labelled(builder, TemplateBuilder::tr("报告时间："), QStringLiteral("reportTime"), 2, y, label);
+    finishPage(builder, y + rowStep + 6);
 }
 
 } // namespace coagulation

@@ -2,7 +2,10 @@
 
 #include <reportitem.h>
 
+#include <QFontMetricsF>
 #include <QPen>
+
+#include <cmath>
 
 namespace coagulation {
 
@@ -14,6 +17,16 @@ QFont TemplateBuilder::font(int pixelSize, bool bold)
     font.setPixelSize(pixelSize);
     font.setBold(bold);
     return font;
+}
+
+double TemplateBuilder::labelWidth(const QStringList& labels, double atLeast, int pixelSize)
+{
+    const QFontMetricsF metrics(font(pixelSize));
+    const double textMargin = 4; // a text item's margin on either side
+    double width = atLeast;
+    for (const QString& label : labels)
+        width = qMax(width, std::ceil(metrics.horizontalAdvance(label) + 2 * textMargin));
+    return width;
 }
 
 void TemplateBuilder::add(ReportItem* item, const QString& key, const QPointF& pos)

@@ -40,6 +40,8 @@ public:
     double pageHeight() const { return m_report->sceneRect().height(); }
 
     static QFont font(int pixelSize, bool bold = false);
+    // The width a column of labels needs: `atLeast`, or more for a translation that is longer.
+    static double labelWidth(const QStringList& labels, double atLeast, int pixelSize = 14);
 
     ReportTextItem* text(const QString& text, const QPointF& pos, const TextStyle& style = TextStyle());
     // "[column name]" in the designer, the record's value when printed.

@@ -36,8 +36,11 @@ QString wrapped(const QString& text, int width)
         }
         return lines.join(QLatin1Char('\n'));
     }
-    for (int i = 0; i < text.size(); i += width)
-        lines.append(text.mid(i, width));
+    // As even as can be: seven characters break 4 + 3, not 6 + 1.
+    const qsizetype count = qMax<qsizetype>(1, (text.size() + width - 1) / width);
+    const qsizetype perLine = (text.size() + count - 1) / count;
+    for (qsizetype i = 0; i < text.size(); i += perLine)
+        lines.append(text.mid(i, perLine));
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -136,7 +139,7 @@ QVariant MaintenanceRecordModel::headerData(int section, Qt::Orientation orienta
         return section < m_days.size() ? QVariant(m_days.at(section).toString(QStringLiteral("MM-dd")))
                                        : QVariant();
     if (section < m_tasks.size())
-        return wrapped(m_tasks.at(section), 5);
+        return wrapped(m_tasks.at(section), 6);
     if (section == m_tasks.size())
         return m_tasks.isEmpty() ? tr("无记录") : tr("备注");
     return QVariant();

@@ -79,9 +79,18 @@ void MaintenanceTableView::setModel(QAbstractItemModel* model)
         connect(model, &QAbstractItemModel::modelReset, this, &MaintenanceTableView::fitContents);
 }
 
+int MaintenanceTableView::remarkWidth() const
+{
+    return 30 * fontMetrics().horizontalAdvance(QChar(0x4e00));
+}
+
 void MaintenanceTableView::fitContents()
 {
     resizeColumnsToContents();
+    // Long remarks wrap (and are cut after a few lines) instead of widening the table.
+    const int remarks = model() ? model()->columnCount() - 1 : 0;
+    if (remarks > 0 && columnWidth(remarks) > remarkWidth())
+        setColumnWidth(remarks, remarkWidth());
     resizeRowsToContents();
     updateGeometries();
 }

@@ -10,7 +10,8 @@ class QAbstractButton;
 namespace coagulation {
 
 // A read-only table of maintenance records whose top-left corner names the record type
-// ("日保养"...). It sizes its rows and columns to the contents whenever its model is reset.
+// ("日保养"...). It sizes its rows and columns to the contents whenever its model is reset; the
+// last column (the remarks) is at most remarkWidth() wide, its texts wrap within it.
 class KVCORE_EXPORT MaintenanceTableView : public QTableView
 {
     Q_OBJECT
@@ -21,6 +22,9 @@ public:
     void setTitle(MaintenanceManager::RecordType recordType);
 
     void setModel(QAbstractItemModel* model) override;
+
+    // Room for 30 Chinese characters in the view's font.
+    int remarkWidth() const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

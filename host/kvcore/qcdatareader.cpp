@@ -114,8 +114,6 @@ bool QcDataReader::readPoints(qint64 reagentId, const QDate& from, const QDate& 
     }
     data->firstIndex = 0;
     data->count = int(data->points.size());
-    data->startTime = from.isValid() ? QcPoint::fromDatetime(start) : 0.0;
-    data->endTime = to.isValid() ? QcPoint::fromDatetime(end) : 0.0;
     return true;
 }
 

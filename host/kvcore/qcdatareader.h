@@ -25,9 +25,9 @@ public:
 
     // The series of one reagent with its points measured from the start of `from` to the end of
     // `to`, in time order; an invalid date leaves that end open. All points are selected for
-    // printing (firstIndex 0, count = number of points); startTime and endTime are the range's
-    // ends in QcPoint time (0 for an open end). Null, with errorString() set, for an unknown
-    // reagent or a database error.
+    // printing (firstIndex 0, count = number of points). The range only selects points: startTime
+    // and endTime stay 0, so a chart's time axis ends at the points, not at a far-off range end.
+    // Null, with errorString() set, for an unknown reagent or a database error.
     std::unique_ptr<QcSeries> read(qint64 reagentId, const QDate& from = QDate(), const QDate& to = QDate());
 
     QString errorString() const { return m_errorString; }

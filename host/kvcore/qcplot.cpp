@@ -19,6 +19,30 @@ namespace {
 
 constexpr int margin = 4;
 constexpr double symbolRadius = 3.0;
+const QColor warningColor(220, 130, 0);
+const QColor violationColor(200, 30, 30);
+const QColor excludedColor(110, 110, 110);
+
+// The mark of each rule on the canvas and in the legend.
+QcSymbol ruleSymbol(WestgardRules::Rule rule)
+{
+    switch (rule) {
+    case WestgardRules::Rule12s:
+        return {QcSymbol::Disc, warningColor};
+    case WestgardRules::Rule13s:
+        return {QcSymbol::Square, violationColor};
+    case WestgardRules::Rule22s:
+        return {QcSymbol::TriangleUp, violationColor};
+    case WestgardRules::RuleR4s:
+        return {QcSymbol::Diamond, violationColor};
+    case WestgardRules::Rule41s:
+        return {QcSymbol::TriangleDown, violationColor};
+    case WestgardRules::Rule10x:
+        return {QcSymbol::Ring, violationColor};
+    default:
+        return {};
+    }
+}
 
 QcScaleDraw::Alignment alignmentOf(int axis)
 {
@@ -65,6 +89,10 @@ QcPlot::QcPlot(QWidget* parent)
         m_axisWidgets[axis] = new QcScaleWidget(m_scaleDraws[axis].get(), this);
         m_axisWidgets[axis]->setVisible(m_axisEnabled[axis]);
     }
+    // The right axis only names the limit lines, the top one is the legend.
+    m_scaleDraws[yRight]->enableComponent(QcScaleDraw::Backbone, false);
+    m_scaleDraws[xTop]->enableComponent(QcScaleDraw::Backbone, false);
+    m_scaleDraws[xTop]->enableComponent(QcScaleDraw::Ticks, false);
     m_canvas->installEventFilter(this);
     replot();
 }
@@ -105,7 +133,12 @@ void QcPlot::setData(const QcExportData* data)
     m_data = data;
     m_indexScale = false;
     m_xScale = QcPlotScale();
+    m_rules.clear();
     if (m_data) {
+        double centre = 0.0;
+        double sd = 0.0;
+        if (centreAndSd(&centre, &sd))
+            m_rules = WestgardRules::evaluate(m_data->points, centre, sd);
         // Until told otherwise, the time axis spans every selected point.
         int first = 0;
         int last = -1;
@@ -231,6 +264,37 @@ QList<int> QcPlot::visiblePoints() const
     return indexes;
 }
 
+bool QcPlot::centreAndSd(double* centre, double* sd) const
+{
+    if (!m_data)
+        return false;
+    if (m_data->hasLimits) {
+        *centre = m_data->targetValue;
+        // Mark limits sit at 2 SD when the material names no SD of its own.
+        *sd = m_data->sd > 0.0 ? m_data->sd : (m_data->upperMarkLimit - m_data->lowerMarkLimit) / 4.0;
+        return std::isfinite(*sd) && *sd > 0.0;
+    }
+    *centre = m_data->mean;
+    *sd = m_data->sd;
+    if (*sd > 0.0)
+        return true;
+    // No established SD: take the printed points' own.
+    int first = 0;
+    int last = -1;
+    selectedRange(m_data, &first, &last);
+    return first <= last && statistic(m_data->points.mid(first, last - first + 1), centre, sd) && *sd > 0.0;
+}
+
+QcSymbol QcPlot::symbol(int index) const
+{
+    if (!m_data || index < 0 || index >= m_data->points.size())
+        return {};
+    if (m_data->points.at(index).rejected)
+        return {QcSymbol::Cross, excludedColor};
+    const WestgardRules::Rule rule = WestgardRules::mostSevere(m_rules.value(index));
+    return rule != WestgardRules::NoRule ? ruleSymbol(rule) : QcSymbol{QcSymbol::Disc, m_brush.color()};
+}
+
 QList<QcPlot::Line> QcPlot::referenceLines() const
 {
     QList<Line> lines;
@@ -247,16 +311,10 @@ QList<QcPlot::Line> QcPlot::referenceLines() const
         lines.append({m_data->lowerStopLimit, linePen(stop, Qt::SolidLine), tr("下停止限")});
         return lines;
     }
-    double mean = m_data->mean;
-    double sd = m_data->sd;
-    if (sd <= 0.0) {
-        // No established SD: take the printed points' own.
-        int first = 0;
-        int last = -1;
-        selectedRange(m_data, &first, &last);
-        if (first > last || !statistic(m_data->points.mid(first, last - first + 1), &mean, &sd))
-            return lines;
-    }
+    double mean = 0.0;
+    double sd = 0.0;
+    if (!centreAndSd(&mean, &sd))
+        return lines;
     const QColor grey(150, 150, 150);
     lines.append({mean + 3 * sd, linePen(stop, Qt::SolidLine), QStringLiteral("+3SD")});
     lines.append({mean + 2 * sd, linePen(warning, Qt::DashLine), QStringLiteral("+2SD")});
@@ -277,6 +335,8 @@ void QcPlot::updateScales()
         xDraw->setScale(0.0, 0.0, {});
         yDraw->setScale(0.0, 0.0, {});
     } else {
+        // One value range for every page of the series: the limit lines, or the series' points
+        // when it has none, with half an SD of room (a twelfth of +-3 SD) above and below.
         double lower = qInf();
         double upper = -qInf();
         const auto cover = [&](double value) {
@@ -285,16 +345,26 @@ void QcPlot::updateScales()
                 upper = qMax(upper, value);
             }
         };
-        for (const Line& line : referenceLines())
+        const QList<Line> lines = referenceLines();
+        for (const Line& line : lines)
             cover(line.value);
-        for (const int i : visiblePoints())
-            cover(m_data->points.at(i).value);
+        if (lines.isEmpty()) {
+            int first = 0;
+            int last = -1;
+            selectedRange(m_data, &first, &last);
+            for (int i = first; i <= last; ++i)
+                cover(m_data->points.at(i).value);
+        }
         if (lower > upper) {
             lower = 0.0;
             upper = 1.0;
         }
-        const double pad = upper > lower ? (upper - lower) * 0.08 : qMax(1.0, std::fabs(lower) * 0.1);
+        const double pad = upper > lower ? (upper - lower) / 12.0 : qMax(1.0, std::fabs(lower) * 0.1);
         m_yScale = QcPlotScale(lower - pad, upper + pad);
+        QList<QcScaleDraw::Tick> limitLabels;
+        for (const Line& line : lines)
+            limitLabels.append({line.value, line.label, line.pen.color()});
+        m_scaleDraws[yRight]->setScale(m_yScale.lowerBound(), m_yScale.upperBound(), limitLabels);
         const int yTicks = qBound(2, height() / 40, 10);
         yDraw->setScale(m_yScale.lowerBound(), m_yScale.upperBound(),
                         QcAxisTicks::values(m_yScale.lowerBound(), m_yScale.upperBound(), yTicks));
@@ -312,9 +382,20 @@ void QcPlot::updateScales()
             xDraw->setScale(xLower, xUpper, QcAxisTicks::days(xLower, xUpper, xTicks));
         }
     }
-    // The opposite axes mirror the main ones.
-    m_scaleDraws[xTop]->setScale(xDraw->lowerBound(), xDraw->upperBound(), xDraw->ticks());
-    m_scaleDraws[yRight]->setScale(yDraw->lowerBound(), yDraw->upperBound(), yDraw->ticks());
+    if (!m_data)
+        m_scaleDraws[yRight]->setScale(0.0, 0.0, {});
+    QList<QcScaleDraw::Tick> legend;
+    if (m_data) {
+        // In the order laboratories read them: the warning rule first.
+        for (const WestgardRules::Rule rule :
+             {WestgardRules::Rule12s, WestgardRules::Rule13s, WestgardRules::Rule22s, WestgardRules::RuleR4s,
+              WestgardRules::Rule41s, WestgardRules::Rule10x})
+            legend.append({0.0, WestgardRules::name(rule), QColor(), ruleSymbol(rule)});
+        legend.append({0.0, tr("已剔除"), QColor(), QcSymbol{QcSymbol::Cross, excludedColor}});
+        for (int i = 0; i < legend.size(); ++i)
+            legend[i].value = (i + 0.5) / legend.size();
+    }
+    m_scaleDraws[xTop]->setScale(0.0, 1.0, legend);
 }
 
 void QcPlot::updateLayout()
@@ -323,10 +404,8 @@ void QcPlot::updateLayout()
     for (int axis = 0; axis < axisCnt; ++axis)
         extent[axis] = m_axisEnabled[axis] ? m_scaleDraws[axis]->extent() : 0;
     // Labels at the ends of an axis reach past the canvas corners.
-    const int xOverhang =
-        m_axisEnabled[xBottom] || m_axisEnabled[xTop]
-            ? qMax(m_scaleDraws[xBottom]->labelOverhang(), m_scaleDraws[xTop]->labelOverhang())
-            : 0;
+    // (The legend's entries lie within the canvas width.)
+    const int xOverhang = m_axisEnabled[xBottom] ? m_scaleDraws[xBottom]->labelOverhang() : 0;
     const int yOverhang =
         m_axisEnabled[yLeft] || m_axisEnabled[yRight] ? m_scaleDraws[yLeft]->labelOverhang() : 0;
 
@@ -354,6 +433,33 @@ void QcPlot::updateLayout()
     m_scaleDraws[xTop]->move(QPointF(xOverhang, extent[xTop] - 1));
     for (int axis = 0; axis < axisCnt; ++axis)
         m_scaleDraws[axis]->setLength(m_scaleDraws[axis]->isHorizontal() ? width : height);
+    spreadLimitLabels();
+}
+
+void QcPlot::spreadLimitLabels()
+{
+    // Limits close together (a small SD on a wide scale) would print their names over each other.
+    QcScaleDraw* draw = m_scaleDraws[yRight].get();
+    QList<QcScaleDraw::Tick> ticks = draw->ticks();
+    const double gap = QFontMetricsF(draw->font()).height();
+    const double overhang = gap / 2;
+    QList<double> at;
+    for (QcScaleDraw::Tick& tick : ticks) {
+        tick.shift = 0.0;
+        at.append(draw->transform(tick.value));
+    }
+    // Ticks are top to bottom; place each label below the one above, then lift them off the end.
+    QList<double> placed = at;
+    for (int i = 1; i < placed.size(); ++i)
+        placed[i] = qMax(placed[i], placed[i - 1] + gap);
+    const double bottom = draw->pos().y() + draw->length() + overhang;
+    for (int i = int(placed.size()) - 1; i >= 0; --i) {
+        const double limit = i == placed.size() - 1 ? bottom : placed[i + 1] - gap;
+        placed[i] = qMin(placed[i], limit);
+    }
+    for (int i = 0; i < ticks.size(); ++i)
+        ticks[i].shift = placed[i] - at[i];
+    draw->setScale(draw->lowerBound(), draw->upperBound(), ticks);
 }
 
 QPointF QcPlot::canvasPoint(int index) const
@@ -361,8 +467,11 @@ QPointF QcPlot::canvasPoint(int index) const
     const QcScaleDraw* xDraw = m_scaleDraws[xBottom].get();
     const QcScaleDraw* yDraw = m_scaleDraws[yLeft].get();
     const QcPoint& point = m_data->points.at(index);
-    return QPointF(xDraw->transform(m_indexScale ? double(index) : point.time) - xDraw->pos().x(),
-                   yDraw->transform(point.value) - yDraw->pos().y());
+    double y = yDraw->transform(point.value) - yDraw->pos().y();
+    // A value off the scale sits just inside its edge, its mark whole.
+    if (point.value < m_yScale.lowerBound() || point.value > m_yScale.upperBound())
+        y = qBound(symbolRadius + 1, y, yDraw->length() - symbolRadius - 1);
+    return QPointF(xDraw->transform(m_indexScale ? double(index) : point.time) - xDraw->pos().x(), y);
 }
 
 int QcPlot::nearestPoint(double canvasX) const
@@ -396,16 +505,11 @@ void QcPlot::drawCanvas(QPainter* painter) const
     for (const QcScaleDraw::Tick& tick : yDraw->ticks())
         painter->drawLine(QPointF(0, canvasY(tick.value)), QPointF(size.width(), canvasY(tick.value)));
 
-    QFont labelFont = QcScaleDraw::pixelFont(font());
-    labelFont.setPixelSize(qMax(6, labelFont.pixelSize() * 4 / 5));
-    painter->setFont(labelFont);
-    const QFontMetricsF metrics(labelFont);
+    // The limits are named on the right axis, outside the points' way.
     for (const Line& line : referenceLines()) {
         const double y = canvasY(line.value);
         painter->setPen(line.pen);
         painter->drawLine(QPointF(0, y), QPointF(size.width(), y));
-        painter->drawText(QRectF(0, y - metrics.height() - 1, size.width() - 3, metrics.height()),
-                          Qt::AlignRight | Qt::AlignBottom, line.label);
     }
 
     const QList<int> visible = visiblePoints();
@@ -418,20 +522,22 @@ void QcPlot::drawCanvas(QPainter* painter) const
     painter->setBrush(Qt::NoBrush);
     painter->drawPolyline(curve);
 
-    painter->setPen(QPen(m_pen.color(), 1.0));
     for (const int i : visible) {
-        const QPointF at = canvasPoint(i);
-        if (m_data->points.at(i).rejected) {
-            // Rejected runs stay visible but apart from the line.
-            const double r = symbolRadius;
-            painter->drawLine(at + QPointF(-r, -r), at + QPointF(r, r));
-            painter->drawLine(at + QPointF(-r, r), at + QPointF(r, -r));
-        } else {
+        const QcSymbol mark = symbol(i);
+        if (mark.style == QcSymbol::Disc && mark.color == m_brush.color()) {
+            // An ordinary point: the plot's own pen and brush.
+            painter->setPen(QPen(m_pen.color(), 1.0));
             painter->setBrush(m_brush);
-            painter->drawEllipse(at, symbolRadius, symbolRadius);
+            painter->drawEllipse(canvasPoint(i), symbolRadius, symbolRadius);
+        } else {
+            mark.draw(painter, canvasPoint(i), symbolRadius + 0.5);
         }
     }
 
+    QFont labelFont = QcScaleDraw::pixelFont(font());
+    labelFont.setPixelSize(qMax(6, labelFont.pixelSize() * 4 / 5));
+    painter->setFont(labelFont);
+    const QFontMetricsF metrics(labelFont);
     if (m_cursorVisible && m_cursorX >= 0.0) {
         const int nearest = nearestPoint(m_cursorX);
         if (nearest >= 0) {

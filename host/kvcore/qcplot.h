@@ -2,6 +2,8 @@
 
 #include "kvcore_global.h"
 #include "qcplotscale.h"
+#include "qcsymbol.h"
+#include "westgardrules.h"
 
 #include <QBrush>
 #include <QFrame>
@@ -19,7 +21,10 @@ struct QcExportData;
 
 // Levey-Jennings control chart of one QC series: the printed points joined by a line, the
 // target (or mean) line and the control limits (mark/stop limits, or mean +-1/2/3 SD), over a
-// time axis or a run-number axis. Its canvas and each axis can be drawn onto any painter.
+// time axis or a run-number axis. The value axis is the same on every page of a series. The
+// right axis names the limit lines, the top axis is the legend of the point marks: warnings and
+// violations of the multi-rule evaluation of the whole series, and excluded runs. Its canvas and
+// each axis can be drawn onto any painter.
 class KVCORE_EXPORT QcPlot : public QFrame
 {
     Q_OBJECT
@@ -56,8 +61,12 @@ public:
     // The x range as last set: point indexes on an index axis, QcPoint times on a time axis; a
     // null scale without data.
     QcPlotScale xScale() const { return m_xScale; }
-    // The value range the y axis covers.
+    // The value range the y axis covers: the limit lines with some room, whatever the page.
     QcPlotScale yScale() const { return m_yScale; }
+    // The rules point `index` of the series violates (evaluated over all its points).
+    WestgardRules::Rules rules(int index) const { return m_rules.value(index); }
+    // How point `index` is marked on the canvas.
+    QcSymbol symbol(int index) const;
 
     // Pen of the line joining the points; brush filling the point symbols.
     QPen pen() const { return m_pen; }
@@ -85,17 +94,21 @@ private:
     };
 
     QList<int> visiblePoints() const;
+    // Centre and SD the limits and the rules are drawn from; false when there are none.
+    bool centreAndSd(double* centre, double* sd) const;
     QList<Line> referenceLines() const;
     void updateScales();
     void updateLayout();
+    void spreadLimitLabels();
     QPointF canvasPoint(int index) const;
     int nearestPoint(double canvasX) const;
 
     QcPlotCanvas* m_canvas;
     std::array<std::unique_ptr<QcScaleDraw>, axisCnt> m_scaleDraws;
     std::array<QcScaleWidget*, axisCnt> m_axisWidgets;
-    std::array<bool, axisCnt> m_axisEnabled{true, false, true, false};
+    std::array<bool, axisCnt> m_axisEnabled{true, true, true, true};
     const QcExportData* m_data = nullptr;
+    QList<WestgardRules::Rules> m_rules;
     bool m_cursorVisible = true;
     double m_cursorX = -1.0; // canvas x of the mouse, negative when outside
     bool m_indexScale = false;

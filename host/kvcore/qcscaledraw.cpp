@@ -41,6 +41,20 @@ double QcScaleDraw::transform(double value) const
     return isHorizontal() ? m_pos.x() + ratio * m_length : m_pos.y() + m_length - ratio * m_length;
 }
 
+namespace {
+double symbolRadius(const QFontMetricsF& metrics)
+{
+    return metrics.ascent() * 0.32;
+}
+} // namespace
+
+double QcScaleDraw::labelWidth(const Tick& tick) const
+{
+    const QFontMetricsF metrics(m_font);
+    const double symbol = tick.symbol.isNull() ? 0.0 : 2 * symbolRadius(metrics) + spacing + 2;
+    return symbol + metrics.horizontalAdvance(tick.label);
+}
+
 int QcScaleDraw::extent() const
 {
     const QFontMetricsF metrics(m_font);
@@ -50,7 +64,7 @@ int QcScaleDraw::extent() const
             labels = metrics.height();
         } else {
             for (const Tick& tick : m_ticks)
-                labels = qMax(labels, metrics.horizontalAdvance(tick.label));
+                labels = qMax(labels, labelWidth(tick));
         }
     }
     return int(std::ceil(tickLength + spacing + labels + 1));
@@ -63,7 +77,7 @@ int QcScaleDraw::labelOverhang() const
         return int(std::ceil(metrics.height() / 2));
     double widest = 0.0;
     for (const Tick& tick : m_ticks)
-        widest = qMax(widest, metrics.horizontalAdvance(tick.label));
+        widest = qMax(widest, labelWidth(tick));
     return int(std::ceil(widest / 2));
 }
 
@@ -87,29 +101,35 @@ void QcScaleDraw::draw(QPainter* painter, const QPalette& palette) const
         if (tick.value < lower || tick.value > upper)
             continue;
         const double at = transform(tick.value);
+        const double labelAt = at + tick.shift;
+        const double width = labelWidth(tick) + 2;
+        QRectF box;
+        Qt::Alignment align = Qt::AlignCenter;
         if (isHorizontal()) {
             const double y = m_pos.y();
             if (hasComponent(Ticks))
                 painter->drawLine(QPointF(at, y), QPointF(at, y + out * tickLength));
-            if (hasComponent(Labels)) {
-                const double width = metrics.horizontalAdvance(tick.label) + 2;
-                const double top =
-                    out > 0 ? y + tickLength + spacing : y - tickLength - spacing - metrics.height();
-                painter->drawText(QRectF(at - width / 2, top, width, metrics.height()), Qt::AlignCenter,
-                                  tick.label);
-            }
+            const double top =
+                out > 0 ? y + tickLength + spacing : y - tickLength - spacing - metrics.height();
+            box = QRectF(labelAt - width / 2, top, width, metrics.height());
         } else {
             const double x = m_pos.x();
             if (hasComponent(Ticks))
                 painter->drawLine(QPointF(x, at), QPointF(x + out * tickLength, at));
-            if (hasComponent(Labels)) {
-                const double width = metrics.horizontalAdvance(tick.label) + 2;
-                const double left = out > 0 ? x + tickLength + spacing : x - tickLength - spacing - width;
-                const Qt::Alignment align = (out > 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter;
-                painter->drawText(QRectF(left, at - metrics.height() / 2, width, metrics.height()), align,
-                                  tick.label);
-            }
+            const double left = out > 0 ? x + tickLength + spacing : x - tickLength - spacing - width;
+            align = (out > 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter;
+            box = QRectF(left, labelAt - metrics.height() / 2, width, metrics.height());
         }
+        if (!hasComponent(Labels))
+            continue;
+        if (!tick.symbol.isNull()) {
+            const double r = symbolRadius(metrics);
+            tick.symbol.draw(painter, QPointF(box.left() + 1 + r, box.center().y()), r);
+            box.setLeft(box.left() + 2 * r + spacing + 2);
+        }
+        painter->setPen(QPen(tick.color.isValid() ? tick.color : palette.color(QPalette::WindowText), 1.0));
+        painter->drawText(box, align, tick.label);
+        painter->setPen(QPen(palette.color(QPalette::WindowText), 1.0));
     }
     painter->restore();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kvcore_global.h"
+#include "qcsymbol.h"
 
 #include <QFont>
 #include <QList>
@@ -23,8 +24,16 @@ public:
 
     struct Tick
     {
+        Tick() = default;
+        Tick(double value, const QString& label, const QColor& color = QColor(), const QcSymbol& symbol = {})
+            : value(value), label(label), color(color), symbol(symbol)
+        {}
+
         double value = 0.0;
         QString label;
+        QColor color;     // of the label; invalid: the palette's text colour
+        QcSymbol symbol;  // drawn before the label (a legend entry)
+        double shift = 0; // moves the label along the axis, in pixels, off a crowded neighbour
     };
 
     explicit QcScaleDraw(Alignment alignment);
@@ -61,6 +70,9 @@ public:
     int labelOverhang() const;
 
     void draw(QPainter* painter, const QPalette& palette) const;
+
+    // Width of a label with its symbol.
+    double labelWidth(const Tick& tick) const;
 
     static constexpr int tickLength = 5;
     static constexpr int spacing = 3;

@@ -9,6 +9,13 @@ namespace coagulation {
 
 namespace {
 
+// A long note, a few times a month: the worst case for the printed table.
+QString longNote()
+{
+    return LabText::tr("试剂位温度曾短时升至十二摄氏度，复测恢复正常；已记录报警时间并通知工程师，"
+                       "下次巡检时检查制冷模块与温度传感器");
+}
+
 struct Task
 {
     QString name;
@@ -101,9 +108,13 @@ bool MaintenanceGenerator::write(QSqlDatabase db, int months)
                     const QString result = !task.check ? LabText::tr("已完成")
                                            : problem   ? LabText::tr("异常")
                                                        : LabText::tr("正常");
+                    QString remark = problem ? task.problem : QString();
+                    if (remark.isEmpty() && recordType == MaintenanceManager::DailyMaintenance &&
+                        task.name == taskList(recordType).first().name && day.day() % 9 == 5)
+                        remark = longNote();
                     if (!records.insert({id++, workbench, recordType,
                                          day.toString(QStringLiteral("yyyy-MM-dd")), task.name, operatorName,
-                                         result, problem ? task.problem : QString()})) {
+                                         result, remark})) {
                         m_errorString = records.errorString();
                         return false;
                     }

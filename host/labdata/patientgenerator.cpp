@@ -13,6 +13,8 @@
 #include <QDateTime>
 #include <QHash>
 
+#include <cmath>
+
 namespace coagulation {
 
 // Times are wall-clock times; they are built in UTC only so that no daylight-saving gap of the
@@ -23,6 +25,10 @@ const QString dateFormat = QStringLiteral("yyyy-MM-dd");
 const QString timeFormat = QStringLiteral("HH:mm:ss");
 constexpr int samplesPerDay = 40;
 constexpr int qcSampleInterval = 25;
+// Every so often a patient gets the whole catalogue, repeated, with a long remark: the demo's
+// worst case for the report layout.
+constexpr int worstCaseInterval = 50;
+constexpr int worstCaseOffset = 10;
 
 QTime timeBetween(LabRandom& random, int fromMinute, int toMinute)
 {
@@ -56,6 +62,8 @@ struct PatientGenerator::Sample
     QString remark;
     QStringList panel; // assay templates requested
     QList<double> values;
+    QStringList reruns; // assay templates measured a second time
+    const QcMaterial* control = nullptr;
 };
 
 PatientGenerator::PatientGenerator(Profile* profile, quint32 seed, const QDate& lastDay)
@@ -109,6 +117,8 @@ bool PatientGenerator::write(QSqlDatabase db, int patientCount)
                 (sample.emergency ? coagulation::Sample::emergencyPrefix(m_profile) : QString()) +
                 day.toString(QStringLiteral("yyMMdd")) +
                 QStringLiteral("%1").arg(sequence, 4, 10, QLatin1Char('0'));
+            if (i % worstCaseInterval == worstCaseOffset)
+                makeWorstCase(sample);
         }
         if (!writeSample(sample, i + 1, patients, results))
             return false;
@@ -192,6 +202,18 @@ PatientGenerator::Sample PatientGenerator::patientSample(const Department& depar
     return sample;
 }
 
+void PatientGenerator::makeWorstCase(Sample& sample)
+{
+    // No extra random numbers: the samples after this one stay what they were.
+    sample.panel = AssayCatalogue::templateNames();
+    sample.reruns = sample.panel;
+    if (sample.diagnosis == LabText::tr("华法林用药监测")) // that clinic asks for the PT alone
+        sample.diagnosis = LabText::tr("多器官功能障碍综合征");
+    sample.remark =
+        LabText::tr("标本轻度溶血，结果仅供参考；首次检测结果异常，已用原标本复查，复查结果与首次一致；"
+                    "危急值已电话通知临床医生并登记");
+}
+
 PatientGenerator::Sample PatientGenerator::qcSample(const QDate& day)
 {
     const QcMaterial& material = m_random.pick(AssayCatalogue::qcMaterials());
@@ -206,6 +228,7 @@ PatientGenerator::Sample PatientGenerator::qcSample(const QDate& day)
     values.setMeasured(material.templateName, m_random.normal(material.target, material.sd));
     sample.values = values.itemValues();
     sample.panel = QStringList{material.templateName};
+    sample.control = &material;
     return sample;
 }
 
@@ -231,10 +254,29 @@ void PatientGenerator::setTimes(Sample& sample, const QDateTime& collected)
     sample.reported = sample.checked.addSecs(m_random.between(10 * 60, 60 * 60));
 }
 
+AssayDefinition PatientGenerator::rangeFor(const AssayDefinition& assay, const QcMaterial* control)
+{
+    if (!control)
+        return assay;
+    // A control is judged against its own target (+-2 SD), never against patient ranges or
+    // critical values; the other items of its assay template have no range at all.
+    AssayDefinition judged = assay;
+    judged.criticalLow = judged.criticalHigh = 0.0;
+    judged.referenceLow = judged.referenceHigh = 0.0;
+    if (assay.templateName == control->templateName && assay.name == control->itemName) {
+        const double scale = std::pow(10.0, assay.precision);
+        judged.referenceLow = std::round((control->target - 2 * control->sd) * scale) / scale;
+        judged.referenceHigh = std::round((control->target + 2 * control->sd) * scale) / scale;
+    }
+    return judged;
+}
+
 bool PatientGenerator::writeSample(const Sample& sample, qint64 patientId, TableWriter& patients,
                                    TableWriter& results)
 {
-    const QList<AssayDefinition>& assays = AssayCatalogue::assays();
+    QList<AssayDefinition> assays = AssayCatalogue::assays();
+    for (AssayDefinition& assay : assays)
+        assay = rangeFor(assay, sample.control);
     QList<GradedResult> graded;
     bool critical = false;
     for (int i = 0; i < assays.size(); ++i) {
@@ -248,7 +290,7 @@ bool PatientGenerator::writeSample(const Sample& sample, qint64 patientId, Table
     if (critical && remark.isEmpty())
         remark = LabText::tr("危急值已电话通知临床");
 
-    const QVariant nullDateTime(QMetaType(QMetaType::QString));
+    const QVariant nullDateTime{QMetaType(QMetaType::QString)};
     if (!patients.insert({patientId, sample.sampleNo, textOrNull(sample.name), textOrNull(sample.sex),
                           sample.age, textOrNull(sample.ageUnit), textOrNull(sample.department),
                           textOrNull(sample.bed), textOrNull(sample.doctor), textOrNull(sample.sampleKind),
@@ -264,11 +306,17 @@ bool PatientGenerator::writeSample(const Sample& sample, qint64 patientId, Table
         const AssayDefinition& assay = assays.at(i);
         if (!sample.panel.contains(assay.templateName))
             continue;
-        if (!results.insert({m_nextResultId++, patientId, assay.templateName, assay.name, assay.abbr,
-                             assay.code, graded.at(i).text, assay.unit, graded.at(i).flags,
-                             assay.referenceLow, assay.referenceHigh, i + 1})) {
-            m_errorString = results.errorString();
-            return false;
+        // A rerun reads a little differently from the first measurement.
+        const int runs = sample.reruns.contains(assay.templateName) ? 2 : 1;
+        for (int run = 0; run < runs; ++run) {
+            const GradedResult result =
+                run == 0 ? graded.at(i) : GradedResult::grade(assay, sample.values.value(i) * 1.03);
+            if (!results.insert({m_nextResultId++, patientId, assay.templateName, assay.name, assay.abbr,
+                                 assay.code, result.text, assay.unit, result.flags, assay.referenceLow,
+                                 assay.referenceHigh, i + 1})) {
+                m_errorString = results.errorString();
+                return false;
+            }
         }
     }
     return true;

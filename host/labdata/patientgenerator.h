@@ -9,11 +9,15 @@ namespace coagulation {
 
 class Profile;
 class TableWriter;
+struct AssayDefinition;
 struct Department;
+struct QcMaterial;
 
 // Fills the data database's "patient" and "result" tables: about 40 samples a day up to the last
 // day, from the hospital's departments, with every 25th sample a QC sample numbered by
-// Sample::qcName and emergency samples numbered with the emergency prefix.
+// Sample::qcName (its results judged against the control's target range) and emergency samples
+// numbered with the emergency prefix. Every 50th patient from the 11th on (ids 11, 61, ...) has
+// every assay of the catalogue measured twice and a long remark.
 class PatientGenerator
 {
 public:
@@ -27,6 +31,8 @@ private:
 
     Sample patientSample(const Department& department, const QStringList& doctors, const QDate& day);
     Sample qcSample(const QDate& day);
+    static void makeWorstCase(Sample& sample);
+    static AssayDefinition rangeFor(const AssayDefinition& assay, const QcMaterial* control);
     QDateTime collectTime(const Department& department, const QDate& day);
     void setTimes(Sample& sample, const QDateTime& collected);
     bool writeSample(const Sample& sample, qint64 patientId, TableWriter& patients, TableWriter& results);

@@ -59,7 +59,7 @@ bool QcGenerator::write(QSqlDatabase db, int pointsPerReagent)
     QHash<QString, QDate> expiries;
     qint64 pointId = 1;
     qint64 reagentId = 0;
-    const QVariant noLimit(QMetaType(QMetaType::Double));
+    const QVariant noLimit{QMetaType(QMetaType::Double)};
     for (const QcMaterial& material : AssayCatalogue::qcMaterials()) {
         ++reagentId;
         const int index = AssayCatalogue::indexOf(material.templateName, material.itemName);

@@ -19,6 +19,16 @@ inline QByteArray payloadOf(ReportItem* item)
     return bytes;
 }
 
+// The fields streamed as a template stores them.
+template <typename... Fields> QByteArray streamed(const Fields&... fields)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_4_6);
+    (out << ... << fields);
+    return bytes;
+}
+
 // True when the item read the payload to its end without a stream error.
 inline bool loadPayload(ReportItem* item, const QByteArray& bytes)
 {

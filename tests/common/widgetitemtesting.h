@@ -48,16 +48,6 @@ protected:
     }
 };
 
-// The fields streamed as a template stores them.
-template <typename... Fields> QByteArray streamed(const Fields&... fields)
-{
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_4_6);
-    (out << ... << fields);
-    return bytes;
-}
-
 // Where printed pages go: kept under build/out/<name> with COAGULATION_KEEP_OUTPUT set (to look
 // at them), else in the temporary folder.
 inline QString outputDir(const QString& name, const QTemporaryDir& tmp)

@@ -28,15 +28,6 @@ void loadPayload(ReportItem* item, const QByteArray& bytes)
     QVERIFY(in.atEnd());
 }
 
-template <typename... Fields> QByteArray stream(const Fields&... fields)
-{
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_4_6);
-    (out << ... << fields);
-    return bytes;
-}
-
 QImage blankPixmap(int w, int h)
 {
     QImage image(w, h, QImage::Format_ARGB32);
@@ -155,7 +146,7 @@ void tst_DrawingItems::linePayload()
     const QPen pen(QBrush(Qt::darkBlue), 2.5, Qt::DashDotLine, Qt::RoundCap, Qt::MiterJoin);
     line.setPen(pen);
     const QByteArray bytes = payloadOf(&line);
-    QCOMPARE(bytes, stream(qint8(1), QLineF(1.5, 2, 300, -4), pen));
+    QCOMPARE(bytes, test::streamed(qint8(1), QLineF(1.5, 2, 300, -4), pen));
     QCOMPARE(bytes.at(0), char(1));
     QCOMPARE(bytes.mid(1, 8), QByteArray::fromHex("3ff8000000000000")); // 1.5 as a big-endian double
 
@@ -173,8 +164,8 @@ void tst_DrawingItems::rectPayload()
     rect.setPen(QPen(Qt::green, 4));
     rect.setBrush(QBrush(QColor(1, 2, 3), Qt::Dense4Pattern));
     const QByteArray bytes = payloadOf(&rect);
-    QCOMPARE(bytes, stream(qint8(1), QRectF(10, 20, 30, 40), QPen(Qt::green, 4),
-                           QBrush(QColor(1, 2, 3), Qt::Dense4Pattern)));
+    QCOMPARE(bytes, test::streamed(qint8(1), QRectF(10, 20, 30, 40), QPen(Qt::green, 4),
+                                   QBrush(QColor(1, 2, 3), Qt::Dense4Pattern)));
     ReportRectItem copy;
     loadPayload(&copy, bytes);
     QCOMPARE(copy.rect(), rect.rect());
@@ -191,7 +182,7 @@ void tst_DrawingItems::imagePayload()
     image.setPixmap(QPixmap::fromImage(source));
     const QByteArray bytes = payloadOf(&image);
     QCOMPARE(bytes.at(0), char(1));
-    QCOMPARE(bytes.mid(1), stream(image.pixmap()));
+    QCOMPARE(bytes.mid(1), test::streamed(image.pixmap()));
     ReportImageItem copy;
     loadPayload(&copy, bytes);
     QCOMPARE(copy.pixmap().size(), QSize(7, 5));
@@ -212,8 +203,8 @@ void tst_DrawingItems::textPayload()
     text.setAlignment(Qt::AlignRight);
     text.setPen(QPen(Qt::red)); // ignored by a text item
     const QByteArray bytes = payloadOf(&text);
-    QCOMPARE(bytes, stream(qint8(2), qint32(Qt::AlignRight), QPen(), QBrush(), text.font(), double(150),
-                           QStringLiteral("检验科\n第二行")));
+    QCOMPARE(bytes, test::streamed(qint8(2), qint32(Qt::AlignRight), QPen(), QBrush(), text.font(),
+                                   double(150), QStringLiteral("检验科\n第二行")));
 
     ReportTextItem copy(true);
     loadPayload(&copy, bytes);
@@ -230,8 +221,8 @@ void tst_DrawingItems::textPayload()
 void tst_DrawingItems::textHtmlFormat()
 {
     ReportTextItem text(true);
-    const QByteArray bytes = stream(qint8(1), qint32(Qt::AlignHCenter), QPen(), QBrush(), QFont(), double(-1),
-                                    QStringLiteral("<b>粗体</b> text"));
+    const QByteArray bytes = test::streamed(qint8(1), qint32(Qt::AlignHCenter), QPen(), QBrush(), QFont(),
+                                            double(-1), QStringLiteral("<b>粗体</b> text"));
     loadPayload(&text, bytes);
     QCOMPARE(text.toPlainText(), QStringLiteral("粗体 text"));
     QCOMPARE(text.alignment(), Qt::Alignment(Qt::AlignHCenter));

@@ -227,33 +227,46 @@ void TestGridTable::roundTrip()
 void TestGridTable::brokenPayload_data()
 {
     QTest::addColumn<QByteArray>("payload");
+    QTest::addColumn<QString>("refusal"); // empty: the stream fails
 
     GraphicsTableItem table;
     fill(table);
     QByteArray saved;
     QDataStream out(&saved, QIODevice::WriteOnly);
     table.save(out);
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("truncated in the cells") << saved.left(60);
-    QTest::newRow("truncated in the font") << saved.left(saved.size() - 3);
+    QTest::newRow("empty") << QByteArray() << QString();
+    QTest::newRow("truncated in the cells") << saved.left(60) << QString();
+    QTest::newRow("truncated in the font") << saved.left(saved.size() - 3) << QString();
 
     QByteArray huge = saved;
     QDataStream patch(&huge, QIODevice::ReadWrite);
     patch.skipRawData(1);
     patch << qint32(2000000000);
-    QTest::newRow("absurd row count") << huge;
+    QTest::newRow("absurd row count") << huge << "模板超出限制：一个表格的单元格数不能超过 100000。";
+    QByteArray cells = saved;
+    QDataStream rows(&cells, QIODevice::ReadWrite);
+    rows.skipRawData(1 + 4 + 4 + 8 + 8 + 16);
+    rows << quint32(0x7fffffff); // stored rows, far more than the bytes left
+    QTest::newRow("rows counted past the end") << cells << QString();
 }
 
 // A broken template leaves the table as it was and the stream failed.
 void TestGridTable::brokenPayload()
 {
     QFETCH(QByteArray, payload);
+    QFETCH(QString, refusal);
     GraphicsTableItem table;
     table.setItemText(0, 0, QStringLiteral("kept"));
     table.setColumnWidth(0, 33.0);
     QDataStream in(payload);
-    table.load(in);
-    QVERIFY(in.status() != QDataStream::Ok);
+    QString thrown;
+    try {
+        table.load(in);
+    } catch (const QString& message) {
+        thrown = message;
+    }
+    QCOMPARE(thrown, refusal);
+    QCOMPARE(in.status() != QDataStream::Ok, refusal.isEmpty());
     QCOMPARE(table.itemText(0, 0), QStringLiteral("kept"));
     QCOMPARE(table.rowCount(), 1);
     QCOMPARE(table.columnWidth(0), 33.0);

@@ -4,6 +4,7 @@
 #include <kvcore/qcdatareader.h>
 #include <kvcore/sample.h>
 #include <kvcore/statistic.h>
+#include <labdata/assaycatalogue.h>
 #include <labdata/columndisplaynames.h>
 #include <labdata/labdatabasegenerator.h>
 
@@ -293,6 +294,28 @@ void TestLabData::patientsAndResults()
         QCOMPARE(type == kv::EmergencySample, patients.value(1).toString() == QStringLiteral("急诊科"));
     }
     QCOMPARE(counts[kv::QcSample], 16); // every 25th sample
+    // A control's result is judged against its own target (+-2 SD), never against patient ranges.
+    QSqlQuery controlResults(data);
+    QVERIFY(controlResults.exec(QStringLiteral(
+        "select p.sampleNo, r.item, r.subitem, r.lowerMarkLimit, r.upperMarkLimit, r.flag from result r "
+        "join patient p on p.id = r.patientId where p.sampleKind = '质控血浆'")));
+    int judged = 0;
+    while (controlResults.next()) {
+        QPair<double, double> range(0, 0);
+        for (const QcMaterial& m : AssayCatalogue::qcMaterials()) {
+            if (Sample::qcName(m.controlNo, &profile) == controlResults.value(0).toString() &&
+                m.templateName == controlResults.value(1).toString() &&
+                m.itemName == controlResults.value(2).toString())
+                range = {m.target - 2 * m.sd, m.target + 2 * m.sd};
+        }
+        judged += range.second > 0;
+        QVERIFY(std::fabs(controlResults.value(3).toDouble() - range.first) < 0.051);
+        QVERIFY(std::fabs(controlResults.value(4).toDouble() - range.second) < 0.051);
+        QCOMPARE(controlResults.value(5).toInt() &
+                     (AnalysisResult::CriticalHigh | AnalysisResult::CriticalLow),
+                 0);
+    }
+    QCOMPARE(judged, 16);
     QVERIFY(counts[kv::EmergencySample] > 10);
     QVERIFY(counts[kv::PatientSample] > 300);
 

@@ -248,16 +248,31 @@ void tst_MaintenanceRecord::sizedToContents()
     QCOMPARE(view->size(), QSize(width, height));
     QCOMPARE(view->minimumSize(), view->maximumSize());
     QCOMPARE(item->size(), QSizeF(width, height));
-    // Every column fits its widest text, and the corner fits the title.
+    // Every task column fits its widest text, and the corner fits the title.
     const QFontMetrics metrics(view->font());
     QVERIFY(view->verticalHeader()->width() >= metrics.horizontalAdvance(QStringLiteral("日保养")));
-    for (int c = 0; c < columns; ++c) {
+    for (int c = 0; c < columns - 1; ++c) {
         for (int r = 0; r < rows; ++r) {
             const QStringList lines = view->model()->index(r, c).data().toString().split(QLatin1Char('\n'));
             for (const QString& line : lines)
                 QVERIFY(view->columnWidth(c) >= metrics.horizontalAdvance(line));
         }
     }
+    // Long remarks wrap within a bounded width and are cut after two lines, so no row is taller
+    // than two single-line rows.
+    QCOMPARE(view->columnWidth(columns - 1), view->remarkWidth());
+    int lowest = view->rowHeight(0);
+    int highest = lowest;
+    for (int r = 0; r < rows; ++r) {
+        lowest = qMin(lowest, view->rowHeight(r));
+        highest = qMax(highest, view->rowHeight(r));
+    }
+    QVERIFY2(highest > lowest && highest <= 2 * lowest,
+             qPrintable(QStringLiteral("%1 %2").arg(lowest).arg(highest)));
+    const QString cut = MaintenanceRecordDelegate::fitted(QString(100, QChar(0x4e00)), view->font(), 200);
+    QCOMPARE(cut.count(QLatin1Char('\n')), MaintenanceRecordDelegate::maxLines - 1);
+    QVERIFY(cut.endsWith(QChar(0x2026)));
+    QVERIFY(metrics.horizontalAdvance(cut.section(QLatin1Char('\n'), -1)) <= 200);
 }
 
 void tst_MaintenanceRecord::noMaintenanceData()
@@ -371,7 +386,7 @@ void tst_MaintenanceRecord::maintenancePrintJob()
     Workspace workspace(&lab.profile, templates);
     ReportPrinter printer;
     printer.setWorkspace(&workspace);
-    const QList<QPointF> places = {QPointF(40, 40), QPointF(600, 40)};
+    const QList<QPointF> places = {QPointF(40, 40), QPointF(900, 40)};
     {
         Report report(&lab.profile, printer.itemFactory());
         report.setType(kv::MaintenanceRecordReport);

@@ -92,6 +92,8 @@ private Q_SLOTS:
     void samplesArePrintedBySampleNumber();
     void qcReportPagesFollowTheResultTable();
     void maintenanceReportIsOnePage();
+    void overflowIsWarnedOrRefused_data();
+    void overflowIsWarnedOrRefused();
     void templatesAreListed();
     void badArgumentsAreRefused_data();
     void badArgumentsAreRefused();
@@ -116,6 +118,16 @@ void TestPrintTool::initTestCase()
                              QStringLiteral("--patients"), QStringLiteral("40")});
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QVERIFY2(run.out.contains(QDir::toNativeSeparators(profile())), qPrintable(run.out));
+    // Patient 30 gets more results than the patient template has rows for.
+    Profile workspace(profile());
+    QSqlQuery query(workspace.dataDatabase());
+    for (int i = 0; i < DefaultTemplates::patientResultRows; ++i)
+        QVERIFY(
+            query.exec(QStringLiteral("insert into result (patientId, item, subitem, abbr, code, result, "
+                                      "unit, flag, lowerMarkLimit, upperMarkLimit, displayOrder) select 30, "
+                                      "item, subitem, abbr, code, result, unit, flag, lowerMarkLimit, "
+                                      "upperMarkLimit, displayOrder from result where patientId = 30 and "
+                                      "abbr = 'PT-S' limit 1")));
 }
 
 void TestPrintTool::demoWorkspaceRemembersTheTemplates()
@@ -256,6 +268,49 @@ void TestPrintTool::maintenanceReportIsOnePage()
                  qPrintable(fonts));
     }
     QVERIFY2(check.contains(QStringLiteral("No syntax or stream encoding errors")), qPrintable(check));
+}
+
+void TestPrintTool::overflowIsWarnedOrRefused_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<bool>("warned");
+    const QStringList overfull = {QStringLiteral("patients"), QStringLiteral("30")};
+    // Patient 11 is the demo's worst case: every assay twice and a long remark.
+    QTest::newRow("worst demo patient fits")
+        << QStringList{QStringLiteral("patients"), QStringLiteral("11")} << 0 << false;
+    QTest::newRow("full month fits") << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"),
+                                                    QStringLiteral("2024-06")}
+                                     << 0 << false;
+    QTest::newRow("strict refuses") << overfull + QStringList{QStringLiteral("--strict")} << 1 << true;
+    QTest::newRow("warns and prints") << overfull << 0 << true;
+}
+
+void TestPrintTool::overflowIsWarnedOrRefused()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, exitCode);
+    QFETCH(bool, warned);
+    const QString pdf = path(QStringLiteral("out/overflow.pdf"));
+    QFile::remove(pdf);
+    const Run run =
+        runTool(arguments + QStringList{QStringLiteral("-p"), profile(), QStringLiteral("-o"), pdf});
+    QCOMPARE(run.exitCode, exitCode);
+    QCOMPARE(QFile::exists(pdf), exitCode == 0);
+    QCOMPARE(run.err.contains(QStringLiteral("警告")), warned);
+    Profile workspace(profile());
+    QSqlQuery query(workspace.dataDatabase());
+    QVERIFY(query.exec(QStringLiteral("select name, sampleNo, printTime from patient where id = 30")));
+    QVERIFY(query.next());
+    if (warned) {
+        // Names the patient, the item and how far it overflows.
+        const QString expected = QStringLiteral("病人 %1（样本号 %2）：表格 Results 有")
+                                     .arg(query.value(0).toString(), query.value(1).toString());
+        QVERIFY2(run.err.contains(expected), qPrintable(run.err));
+        QCOMPARE(query.value(2).isNull(), exitCode != 0); // refused: not recorded as printed
+    } else {
+        QVERIFY2(run.err.isEmpty(), qPrintable(run.err));
+    }
 }
 
 void TestPrintTool::templatesAreListed()

@@ -8,6 +8,8 @@
 #include <kvcore/qcexportdata.h>
 #include <kvcore/qcplot.h>
 #include <kvcore/qcscaledraw.h>
+#include <kvcore/qcscalewidget.h>
+#include <kvcore/westgardrules.h>
 #include <kvcore/workspace.h>
 #include <labdata/labdatabasegenerator.h>
 #include <labdata/labschema.h>
@@ -81,6 +83,9 @@ private Q_SLOTS:
     void pageRange_data();
     void pageRange();
     void pagesOfTheQcTable();
+    void westgardRules_data();
+    void westgardRules();
+    void pointMarksAndLegend();
     void noQcData();
     void plotSurface();
     void printsAsVectors();
@@ -119,6 +124,8 @@ void tst_QcChart::pageRange_data()
     // at the last point there is.
     QTest::newRow("short series, middle page") << 30 << 10 << 2 << 0.0 << 0.0 << true << 15.0 << 24.0;
     QTest::newRow("short series, last page") << 30 << 10 << 3 << 0.0 << 0.0 << false << 12.0 << 15.0;
+    // QC tables with extreme row counts: pages far beyond the points, skipped counts beyond int.
+    QTest::newRow("extreme result count") << 50 << 100000000 << 30 << 0.0 << 0.0 << false << 24.0 << 25.0;
 }
 
 void tst_QcChart::pageRange()
@@ -180,6 +187,8 @@ void tst_QcChart::pagesOfTheQcTable()
         report.setCurrentPage(page);
         report.fetchQcData(nullptr);
         const QcPlot* plot = chart->plot();
+        // One value axis for the whole series: mean +-3.5 SD, whatever the page's points.
+        QCOMPARE(plot->yScale(), QcPlotScale(12.0 - 3.5 * 0.5, 12.0 + 3.5 * 0.5));
         const int first = 5 + (page - 1) * perPage;
         if (page == 1) {
             QVERIFY(!plot->isIndexScale());
@@ -193,6 +202,104 @@ void tst_QcChart::pagesOfTheQcTable()
             QVERIFY(plot->isIndexScale());
             QCOMPARE(plot->xScale(), QcPlotScale(first, first + perPage - 1));
         }
+    }
+}
+
+void tst_QcChart::westgardRules_data()
+{
+    // Values in SD from the centre; a value of 99 is a rejected run, which takes no part.
+    QTest::addColumn<QList<double>>("z");
+    QTest::addColumn<QList<int>>("expected"); // the rules of each point
+    const int w = WestgardRules::Rule12s;
+    QTest::newRow("exactly one 2-2s") << QList<double>{0.5, 2.5, 2.3, 0.2, -2.1, 0.4}
+                                      << QList<int>{0, w, w | WestgardRules::Rule22s, 0, w, 0};
+    QTest::newRow("2-2s across a rejected run")
+        << QList<double>{-2.2, 99, -2.6} << QList<int>{w, 0, w | WestgardRules::Rule22s};
+    QTest::newRow("R-4s pair") << QList<double>{0.1, 2.4, -2.2, 0.3}
+                               << QList<int>{0, w, w | WestgardRules::RuleR4s, 0};
+    QTest::newRow("1-3s") << QList<double>{-0.2, -3.3, 1.0} << QList<int>{0, w | WestgardRules::Rule13s, 0};
+    QTest::newRow("4-1s") << QList<double>{1.2, 1.5, 1.1, 1.8, 0.5}
+                          << QList<int>{0, 0, 0, WestgardRules::Rule41s, 0};
+    QTest::newRow("4-1s broken by a side change")
+        << QList<double>{1.2, 1.5, -1.1, 1.8, 1.3} << QList<int>{0, 0, 0, 0, 0};
+    QList<double> run(11, -0.4);
+    run.prepend(0.3);
+    QList<int> tenX(12, 0);
+    tenX[10] = tenX[11] = WestgardRules::Rule10x;
+    QTest::newRow("10-x run") << run << tenX;
+    QList<double> nine(9, 0.6);
+    nine << 0.0 << 0.6;
+    QTest::newRow("10-x broken by the centre") << nine << QList<int>(11, 0);
+}
+
+void tst_QcChart::westgardRules()
+{
+    QFETCH(QList<double>, z);
+    QFETCH(QList<int>, expected);
+    QList<QcPoint> points;
+    for (int i = 0; i < z.size(); ++i)
+        points.append({day0() + i, z.at(i) == 99 ? 20.0 : 10.0 + 0.5 * z.at(i), z.at(i) == 99});
+    const QList<WestgardRules::Rules> rules = WestgardRules::evaluate(points, 10.0, 0.5);
+    QList<int> got;
+    for (const WestgardRules::Rules r : rules)
+        got.append(int(r));
+    QCOMPARE(got, expected);
+    // Without a usable SD nothing is evaluated.
+    for (const WestgardRules::Rules r : WestgardRules::evaluate(points, 10.0, 0.0))
+        QCOMPARE(int(r), 0);
+}
+
+void tst_QcChart::pointMarksAndLegend()
+{
+    // A series with limits: target 10, mark limits at 2 SD, stop limits at 3 SD (SD 0.5).
+    QcExportData data;
+    data.hasLimits = 1;
+    data.targetValue = 10.0;
+    data.upperMarkLimit = 11.0;
+    data.lowerMarkLimit = 9.0;
+    data.upperStopLimit = 11.5;
+    data.lowerStopLimit = 8.5;
+    for (const double value : {10.1, 11.2, 11.3, 9.9, 13.0, 9.8})
+        data.points.append({day0() + data.points.size(), value, false});
+    data.points[4].rejected = true; // far off the scale, and excluded
+    data.count = int(data.points.size());
+    QcPlot plot;
+    plot.resize(600, 300);
+    plot.setData(&data);
+    QCOMPARE(plot.yScale(), QcPlotScale(8.25, 11.75)); // from the limits, not from the outlier
+    QCOMPARE(int(plot.symbol(0).style), int(QcSymbol::Disc));
+    QCOMPARE(int(plot.symbol(1).style), int(QcSymbol::Disc)); // the 1-2s warning
+    QVERIFY(plot.symbol(1).color != plot.symbol(0).color);
+    QCOMPARE(int(plot.symbol(2).style), int(QcSymbol::TriangleUp)); // 2-2s
+    QCOMPARE(int(plot.symbol(4).style), int(QcSymbol::Cross));      // excluded, not a violation
+    QCOMPARE(int(plot.rules(4)), 0);
+
+    const auto labels = [&](int axis) {
+        QStringList texts;
+        for (const QcScaleDraw::Tick& tick : plot.axisScaleDraw(axis)->ticks())
+            texts.append(tick.label);
+        return texts;
+    };
+    // The limits are named in the right margin, the marks explained along the top.
+    QVERIFY(plot.axisEnabled(QcPlot::yRight) && plot.axisEnabled(QcPlot::xTop));
+    QCOMPARE(labels(QcPlot::yRight),
+             (QStringList{QStringLiteral("上停止限"), QStringLiteral("上标记限"), QStringLiteral("靶值"),
+                          QStringLiteral("下标记限"), QStringLiteral("下停止限")}));
+    QCOMPARE(labels(QcPlot::xTop),
+             (QStringList{QStringLiteral("1-2s"), QStringLiteral("1-3s"), QStringLiteral("2-2s"),
+                          QStringLiteral("R-4s"), QStringLiteral("4-1s"), QStringLiteral("10-x"),
+                          QStringLiteral("已剔除")}));
+    QVERIFY(plot.axisWidget(QcPlot::yRight)->geometry().left() > plot.canvas()->geometry().right());
+    // Close limits on a small chart: their names are moved apart rather than printed over each other.
+    plot.resize(300, 90);
+    plot.replot();
+    const QcScaleDraw* right = plot.axisScaleDraw(QcPlot::yRight);
+    const double lineHeight = QFontMetricsF(right->font()).height();
+    for (int i = 1; i < right->ticks().size(); ++i) {
+        const double above =
+            right->transform(right->ticks().at(i - 1).value) + right->ticks().at(i - 1).shift;
+        const double below = right->transform(right->ticks().at(i).value) + right->ticks().at(i).shift;
+        QVERIFY2(below - above >= lineHeight - 0.01, qPrintable(QString::number(below - above)));
     }
 }
 
@@ -248,7 +355,6 @@ void tst_QcChart::plotSurface()
                  QGraphicsItem::ItemSendsScenePositionChanges);
     QVERIFY(plot->axisEnabled(QcPlot::yLeft));
     QVERIFY(plot->axisEnabled(QcPlot::xBottom));
-    QVERIFY(!plot->axisEnabled(QcPlot::yRight));
     QVERIFY(!plot->axisWidget(4));
     QVERIFY(!plot->axisWidget(-1));
 

@@ -248,13 +248,13 @@ void TestQcData::reader()
     QVERIFY(range);
     QCOMPARE(range->data()->count, 2);
     QCOMPARE(range->data()->points.at(1).value, 13.5);
-    QCOMPARE(QcPoint::toDatetime(range->data()->startTime), QDateTime(QDate(2024, 6, 2), QTime(0, 0)));
-    QCOMPARE(QcPoint::toDatetime(range->data()->endTime), QDateTime(QDate(2024, 6, 4), QTime(0, 0)));
+    // The range selects points; it does not fix the chart's axis ends.
+    QCOMPARE(range->data()->startTime, 0.0);
+    QCOMPARE(range->data()->endTime, 0.0);
 
     std::unique_ptr<QcSeries> open = reader.read(7, QDate(), QDate(2024, 6, 1));
     QVERIFY(open);
     QCOMPARE(open->data()->count, 1);
-    QCOMPARE(open->data()->startTime, 0.0);
 
     // An assay that the configuration does not know leaves the pointers null.
     std::unique_ptr<QcSeries> unknownAssay = reader.read(8);

@@ -9,10 +9,14 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QPainter>
 #include <QTemporaryDir>
+#include <QTextDocument>
 #include <QtTest>
 
 #include <memory>
+
+#include <sys/stat.h>
 
 using namespace coagulation;
 using test::payloadOf;
@@ -107,6 +111,45 @@ int fill(Report& report, Profile* profile)
     return report.reportItems().size();
 }
 
+// A patient template of raw item records: each a key and the payload bytes as given.
+QByteArray templateOf(const QList<std::pair<QString, QByteArray>>& records, qint32 count = -1)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_4_6);
+    out << qint32(0x7470726E) << qint8(1) << qint32(96) << qint32(96) << qint32(QPageSize::A4)
+        << qint32(QPageLayout::Portrait) << QSizeF(210, 297) << (count < 0 ? qint32(records.size()) : count);
+    for (const auto& [key, payload] : records) {
+        out << key << QPointF(10, 10) << QTransform();
+        out.writeRawData(payload.constData(), int(payload.size()));
+    }
+    return bytes;
+}
+
+QByteArray textPayload(qint8 format, const QString& text, const QFont& font = QFont())
+{
+    return test::streamed(format, qint32(0), QPen(), QBrush(), font, -1.0, text);
+}
+
+// A grid payload whose counts and lists are raw.
+QByteArray gridPayload(qint32 rows, qint32 columns, const QByteArray& lists)
+{
+    return test::streamed(qint8(1), rows, columns, 8.0, 24.0, QSizeF(100, 24)) + lists +
+           test::streamed(QFont());
+}
+
+QByteArray imagePayload(int width, int height)
+{
+    QImage image(width, height, QImage::Format_Mono);
+    image.fill(1);
+    return test::streamed(qint8(1), image);
+}
+
+QString nested(const QString& open, const QString& close, int depth)
+{
+    return open.repeated(depth) + QStringLiteral("x") + close.repeated(depth);
+}
+
 } // namespace
 
 class tst_TemplateFile : public QObject
@@ -130,6 +173,9 @@ private Q_SLOTS:
     void loadAddsToScene();
     void everyTruncation();
     void damagedFrames();
+    void hostileTemplates_data();
+    void hostileTemplates();
+    void htmlReadsNothingOutside();
 
 private:
     QTemporaryDir dir;
@@ -507,6 +553,156 @@ void tst_TemplateFile::damagedFrames()
         if (!loaded.load(in))
             QVERIFY2(!loaded.errorString().isEmpty(), where);
         QVERIFY2(loaded.reportItems().size() <= report.reportItems().size(), where);
+    }
+}
+
+// Templates made to hang, crash or exhaust the loader: each loads to what it can show, or is
+// refused with a message that names the bound it broke.
+void tst_TemplateFile::hostileTemplates_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("refusal"); // empty: loads
+    QTest::addColumn<int>("items");
+
+    // The font size of a template found by fuzzing: pixel size -1501801469.
+    QFont font(QStringLiteral("Noto Sans CJK SC"), 12);
+    QByteArray badFont = textPayload(2, QStringLiteral("\u0D05\r"), font);
+    const int pixelSizeAt = test::streamed(qint8(2), qint32(0), QPen(), QBrush()).size() + 4 + 2 * 16 + 8;
+    const QByteArray hugeNegative = test::streamed(qint32(-1501801469));
+    badFont.replace(pixelSizeAt, 4, hugeNegative);
+    QTest::newRow("font size out of range") << templateOf({{"Text", badFont}}) << QString() << 1;
+
+    const QString tables = nested("<table><tr><td>", "</td></tr></table>", 20);
+    QTest::newRow("tables 20 deep") << templateOf({{"Text", textPayload(1, tables)}})
+                                    << "HTML 表格的嵌套层数不能超过 4" << 0;
+    QTest::newRow("tables 4 deep") << templateOf({{"Text", textPayload(1, nested("<table><tr><td>",
+                                                                                 "</td></tr></table>", 4))}})
+                                   << QString() << 1;
+    QTest::newRow("elements 3000 deep")
+        << templateOf({{"Text", textPayload(1, nested("<div>", "</div>", 3000))}})
+        << "HTML 元素的嵌套层数不能超过 64" << 0;
+    QTest::newRow("unclosed paragraphs")
+        << templateOf({{"Text", textPayload(1, QStringLiteral("<p>a").repeated(500))}}) << QString() << 1;
+    QTest::newRow("colspan")
+        << templateOf({{"Text", textPayload(1, "<table><tr><td colspan=\"2000000\">x</td></tr></table>")}})
+        << "HTML 单元格的跨行或跨列数不能超过 100" << 0;
+    QTest::newRow("long text") << templateOf({{"Text", textPayload(2, QString(70000, u'x'))}})
+                               << "一段文字的字符数不能超过 65536" << 0;
+
+    const QByteArray bigPicture = imagePayload(8000, 4000);
+    QList<std::pair<QString, QByteArray>> pictures;
+    for (int i = 0; i < 16; ++i)
+        pictures.append({"Image", bigPicture});
+    QTest::newRow("sixteen 8000x4000 pictures")
+        << templateOf(pictures) << "一张图片的像素数不能超过 16777216" << 0;
+    const QByteArray largest = imagePayload(4096, 4096);
+    QTest::newRow("pictures together")
+        << templateOf({{"Image", largest}, {"Image", largest}, {"Image", largest}})
+        << "模板中所有图片的像素数不能超过 33554432" << 0;
+    QTest::newRow("two largest pictures")
+        << templateOf({{"Image", largest}, {"Image", largest}}) << QString() << 2;
+
+    const QByteArray noLists = test::streamed(quint32(0), quint32(0));
+    QTest::newRow("65536 x 65536 grid") << templateOf({{"Results", gridPayload(65536, 65536, noLists)}})
+                                        << "一个表格的单元格数不能超过 100000" << 0;
+    QTest::newRow("1001 columns") << templateOf({{"Results", gridPayload(1, 1001, noLists)}})
+                                  << "一个表格的列数不能超过 1000" << 0;
+    QList<std::pair<QString, QByteArray>> grids;
+    for (int i = 0; i < 3; ++i)
+        grids.append({"Results", gridPayload(1000, 100, noLists)});
+    QTest::newRow("cells together") << templateOf(grids) << "模板中所有表格的单元格数不能超过 200000" << 0;
+    QTest::newRow("grid rows counted past the end")
+        << templateOf({{"Results", test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(0x7fffffff))}})
+        << QString() << 0;
+    QTest::newRow("row cells counted past the end")
+        << templateOf({{"Results", test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(1),
+                                                  quint32(0x7fffffff))}})
+        << QString() << 0;
+    QTest::newRow("column specs counted past the end")
+        << templateOf({{"Results", test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(0),
+                                                  quint32(0x7fffffff))}})
+        << QString() << 0;
+    const QByteArray penHead = test::streamed(qint8(1), QLineF(0, 0, 10, 0), quint16(Qt::CustomDashLine),
+                                              false, 1.0, QBrush(Qt::black), 2.0);
+    QTest::newRow("dashes counted past the end")
+        << templateOf({{"Line", penHead + test::streamed(quint32(0x20000000))}}) << QString() << 0;
+    QByteArray stops =
+        test::streamed(qint8(1), QRectF(0, 0, 10, 10), QPen(), quint8(Qt::LinearGradientPattern),
+                       QColor(Qt::red), qint32(QGradient::LinearGradient), 0, 0, 0, quint32(1000));
+    for (int i = 0; i < 1000; ++i)
+        stops += test::streamed(1.0 - i / 1000.0, QColor(Qt::blue));
+    stops += test::streamed(QPointF(), QPointF(1, 1), QTransform());
+    QTest::newRow("1000 unsorted gradient stops")
+        << templateOf({{"Rect", stops}}) << "渐变的色标数不能超过 256" << 0;
+    QTest::newRow("blocks") << templateOf({{"QcTable", test::streamed(qint8(1), qint32(2000000000), 20.0,
+                                                                      QSizeF(300, 100))}})
+                            << "多列表格的列块数不能超过 100" << 0;
+    QTest::newRow("width not finite")
+        << templateOf({{"Text", test::streamed(qint8(2), qint32(0), QPen(), QBrush(), QFont(), qQNaN(),
+                                               QString("x"))}})
+        << QString() << 0;
+    QTest::newRow("items") << templateOf({{"Line", test::streamed(qint8(1), QLineF(), QPen())}}, 20000)
+                           << "模板中的项目数不能超过 10000" << 0;
+}
+
+void tst_TemplateFile::hostileTemplates()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, refusal);
+    QFETCH(int, items);
+
+    if (bytes.size() < 65536) // seeds for the fuzzer, see cleanupTestCase
+        QVERIFY(writeFile(
+            dir.filePath(QStringLiteral("hostile-%1.rpt").arg(QTest::currentDataTag()).replace(' ', '-')),
+            bytes));
+    QDataStream in(bytes);
+    Report report(&profile, factory.get());
+    if (!refusal.isEmpty()) {
+        QVERIFY(!report.load(in));
+        QVERIFY2(report.errorString().startsWith(QStringLiteral("模板超出限制：") + refusal),
+                 qPrintable(report.errorString()));
+        QVERIFY(report.reportItems().isEmpty());
+        return;
+    }
+    QVERIFY2(report.load(in), qPrintable(report.errorString()));
+    QCOMPARE(report.reportItems().size(), items);
+    for (ReportItem* item : report.reportItems()) {
+        const QFont font = item->font();
+        QVERIFY(font.pixelSize() == -1 ? font.pointSizeF() > 0 : font.pixelSize() > 0);
+    }
+    // The page still prints.
+    QImage page(210, 297, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&page);
+    report.render(&painter);
+}
+
+// HTML in a template shows pictures only from the template itself: a picture file, a device
+// that never ends and a pipe that never delivers all come out as Qt's missing-picture sign.
+void tst_TemplateFile::htmlReadsNothingOutside()
+{
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    const QString pictureFile = dir.filePath("picture.png");
+    QVERIFY(picture.save(pictureFile));
+    const QString pipe = dir.filePath("pipe");
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+
+    const QStringList names = {pictureFile, "/dev/zero", pipe, "/etc/passwd"};
+    QString html;
+    for (const QString& name : names)
+        html += QStringLiteral("<img src=\"%1\"><link rel=\"stylesheet\" href=\"%1\">").arg(name);
+    QDataStream in(templateOf({{"Text", textPayload(1, html)}}));
+    Report report(&profile, factory.get());
+    QVERIFY(report.load(in));
+    QCOMPARE(report.reportItems().size(), 1);
+    auto* text = dynamic_cast<ReportTextItem*>(report.reportItems().first());
+    QVERIFY(text);
+    QImage page(210, 297, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&page);
+    report.render(&painter);
+    for (const QString& name : names) {
+        const QVariant shown = text->document()->resource(QTextDocument::ImageResource, QUrl(name));
+        QCOMPARE(shown.value<QImage>().size(), QSize(16, 16));
     }
 }
 

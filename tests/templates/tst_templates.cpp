@@ -1,8 +1,12 @@
 #include <core/profile.h>
 #include <defaulttemplates.h>
 #include <itemfactory.h>
+#include <kvcore/maintenanceexportdata.h>
+#include <kvcore/maintenancerecords.h>
+#include <kvcore/qcdatareader.h>
 #include <labdata/columndisplaynames.h>
 #include <labdata/labdatabasegenerator.h>
+#include <overflowcheck.h>
 #include <report.h>
 #include <reportitem.h>
 
@@ -11,6 +15,7 @@
 #include <QDir>
 #include <QFile>
 #include <QSet>
+#include <QSqlQuery>
 #include <QSqlRecord>
 #include <QTest>
 
@@ -21,6 +26,49 @@ namespace {
 QString templateFolder()
 {
     return QStringLiteral(TESTS_SOURCE_DIR "/../templates");
+}
+
+// Stores under `id` a row of `table` made of the longest value of each of its columns.
+bool insertLongest(QSqlDatabase db, const QString& table, qint64 id)
+{
+    const QSqlRecord columns = db.record(table);
+    QStringList marks;
+    QVariantList values;
+    for (int c = 0; c < columns.count(); ++c) {
+        QSqlQuery query(db);
+        if (!query.exec(QStringLiteral("select %1 from %2 order by length(%1) desc limit 1")
+                            .arg(columns.fieldName(c), table)) ||
+            !query.next())
+            return false;
+        values.append(c == 0 ? QVariant(id) : query.value(0));
+        marks.append(QStringLiteral("?"));
+    }
+    QSqlQuery insert(db);
+    insert.prepare(QStringLiteral("insert into %1 values (%2)").arg(table, marks.join(QLatin1Char(','))));
+    for (const QVariant& value : std::as_const(values))
+        insert.addBindValue(value);
+    return insert.exec();
+}
+
+// Pairs of items that would print over each other, and items off the page.
+QStringList collisions(const Report& report)
+{
+    QStringList found;
+    const QList<ReportItem*> items = report.reportItems();
+    for (int i = 0; i < items.size(); ++i) {
+        const QRectF a = OverflowCheck::inkRect(items.at(i)->graphicsItem());
+        if (!report.sceneRect().contains(items.at(i)->graphicsItem()->sceneBoundingRect()))
+            found.append(items.at(i)->key() + QStringLiteral(" off the page"));
+        for (int j = i + 1; j < items.size(); ++j) {
+            if (OverflowCheck::overlap(a, OverflowCheck::inkRect(items.at(j)->graphicsItem())))
+                found.append(QStringLiteral("%1 at %2,%3 / %4")
+                                 .arg(items.at(i)->key())
+                                 .arg(a.x())
+                                 .arg(a.y())
+                                 .arg(items.at(j)->key()));
+        }
+    }
+    return found;
 }
 
 QSet<QString> keysOf(const Report& report)
@@ -43,18 +91,30 @@ private Q_SLOTS:
     void templatesLoadWithTheirItems_data();
     void templatesLoadWithTheirItems();
     void fieldsNameExistingColumns();
-    void itemsStayOnThePage();
+    void longestValuesFitEveryTemplate();
 
 private:
+    static constexpr qint64 longest = 100000;
     Profile m_profile;
 };
 
 void TestTemplates::initTestCase()
 {
     LabDatabaseGenerator generator(&m_profile);
-    generator.setPatientCount(12);
-    generator.setQcPointCount(10);
-    QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
+    QVERIFY2(generator.generate(), qPrintable(generator.errorString())); // the demo's data
+    // The longest value of every column in one patient with the most results, and one reagent.
+    QSqlDatabase data = m_profile.dataDatabase();
+    QVERIFY(insertLongest(data, QStringLiteral("patient"), longest));
+    QSqlQuery copy(data);
+    QVERIFY(copy.exec(
+        QStringLiteral(
+            "insert into result (patientId, item, subitem, abbr, code, result, unit, flag, lowerMarkLimit, "
+            "upperMarkLimit, displayOrder) select %1, item, subitem, abbr, code, result, unit, flag, "
+            "lowerMarkLimit, upperMarkLimit, displayOrder from result where patientId = (select patientId "
+            "from "
+            "result group by patientId order by count(*) desc limit 1)")
+            .arg(longest)));
+    QVERIFY(insertLongest(m_profile.qcDatabase(), QStringLiteral("reagent"), longest));
 }
 
 void TestTemplates::committedTemplatesAreTheGeneratedOnes_data()
@@ -184,22 +244,46 @@ void TestTemplates::fieldsNameExistingColumns()
     }
 }
 
-void TestTemplates::itemsStayOnThePage()
+void TestTemplates::longestValuesFitEveryTemplate()
 {
+    // As the designer shows them (placeholders) and bound to the longest demo values, no item of
+    // a default template covers another or leaves the page.
+    ItemFactory factory(&m_profile);
     Profile designer;
     ColumnDisplayNames::write(&designer);
     for (const DefaultTemplate& entry : DefaultTemplates::all()) {
-        Report report(&designer, nullptr);
-        DefaultTemplates::build(entry, &report);
-        const QRectF page = report.sceneRect();
+        Report built(&designer, nullptr);
+        DefaultTemplates::build(entry, &built);
+        QVERIFY2(collisions(built).isEmpty(),
+                 qPrintable(entry.name() + QLatin1Char(' ') + collisions(built).join(QStringLiteral(", "))));
+
+        Report report(&m_profile, &factory);
+        QVERIFY(report.load(QDir(templateFolder()).filePath(entry.name() + QStringLiteral(".rpt"))));
+        std::unique_ptr<QcSeries> series = QcDataReader(&m_profile).read(1);
+        QVERIFY(series);
+        series->data()->reagentId = longest;
+        // A full month (31 days) of each workbench, or the last page of a series.
+        for (Workbench workbench : MaintenanceRecords(&m_profile).workbenches()) {
+            MaintenanceExportData month{&workbench, QDate(2024, 5, 1)};
+            if (entry.type == kv::PatientReport) {
+                report.fetchData(longest, m_profile.dataDatabase());
+            } else if (entry.type == kv::QcReport) {
+                report.prepareQcData(series->data());
+                QVERIFY(report.pageCount() >= 2);
+                report.setCurrentPage(report.pageCount());
+                report.fetchQcData(series->data());
+            } else {
+                report.prepareMaintenanceData(&month);
+            }
+            QVERIFY2(collisions(report).isEmpty(), qPrintable(entry.name() + QLatin1Char(' ') +
+                                                              collisions(report).join(QStringLiteral(", "))));
+        }
         for (ReportItem* item : report.reportItems()) {
-            const QRectF bounds = item->graphicsItem()->sceneBoundingRect();
-            QVERIFY2(page.contains(bounds), qPrintable(QStringLiteral("%1: %2 at %3,%4 %5x%6")
-                                                           .arg(entry.name(), item->key())
-                                                           .arg(bounds.x())
-                                                           .arg(bounds.y())
-                                                           .arg(bounds.width())
-                                                           .arg(bounds.height())));
+            if (auto* table = dynamic_cast<ReportPatientTableItem*>(item)) {
+                // Every visible assay of the catalogue, each measured twice, and not a row more.
+                QCOMPARE(table->rowCount(), DefaultTemplates::patientResultRows);
+                QCOMPARE(table->size().height(), DefaultTemplates::patientResultRows * table->rowHeight());
+            }
         }
     }
 }
