@@ -12,6 +12,8 @@ targets=("$@")
 [ ${#targets[@]} -eq 0 ] && targets=(fuzz_templateload fuzz_templateroundtrip fuzz_templaterender)
 jobs=${FUZZ_JOBS:-1}
 bin=build/fuzz/bin
+# The system libraries' own one-time allocations are no leaks of ours (as in the sanitizer suite).
+export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
 mkdir -p build/fuzz/findings
 
 run() {
