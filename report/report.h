@@ -120,8 +120,12 @@ private Q_SLOTS:
     void onSelectionChanged();
 
 private:
+    friend class TemplateCheck;
+
     void calculatePageSize();
     void updateSceneRect();
+    // Reads the file header into the page set-up; throws the message of a wrong or damaged one.
+    void readHeader(QDataStream& in);
     void loadFieldType(const QString& table, QSqlDatabase db);
 
     Profile* m_profile;

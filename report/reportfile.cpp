@@ -116,33 +116,37 @@ bool Report::load(const QString& fileName)
     return load(in);
 }
 
+void Report::readHeader(QDataStream& in)
+{
+    in.setVersion(streamVersion);
+    qint32 tag = 0;
+    qint8 version = 0;
+    in >> tag >> version;
+    m_type = typeOfTag(tag);
+    if (m_type == kv::NoReport)
+        throw tr("错误的文件格式");
+    if (quint8(version) > formatVersion)
+        throw tr("无法读取高版本的文档");
+
+    qint32 dpiX = 0, dpiY = 0, pageSize = 0, orientation = 0;
+    QSizeF pageSizeF;
+    in >> dpiX >> dpiY >> pageSize >> orientation >> pageSizeF;
+    // A header cut short or damaged would leave a page without a usable size.
+    if (in.status() != QDataStream::Ok || !isPageSize(pageSize) || !isOrientation(orientation) ||
+        !qIsFinite(pageSizeF.width()) || !qIsFinite(pageSizeF.height()))
+        throw tr("错误的文件格式");
+    m_dpiX = dpiX;
+    m_dpiY = dpiY;
+    m_pageSize = QPageSize::PageSizeId(pageSize);
+    m_orientation = QPageLayout::Orientation(orientation);
+    m_pageSizeF = pageSizeF;
+    updateSceneRect();
+}
+
 bool Report::load(QDataStream& in)
 {
     try {
-        in.setVersion(streamVersion);
-        qint32 tag = 0;
-        qint8 version = 0;
-        in >> tag >> version;
-        m_type = typeOfTag(tag);
-        if (m_type == kv::NoReport)
-            throw tr("错误的文件格式");
-        if (quint8(version) > formatVersion)
-            throw tr("无法读取高版本的文档");
-
-        qint32 dpiX = 0, dpiY = 0, pageSize = 0, orientation = 0;
-        QSizeF pageSizeF;
-        in >> dpiX >> dpiY >> pageSize >> orientation >> pageSizeF;
-        // A header cut short or damaged would leave a page without a usable size.
-        if (in.status() != QDataStream::Ok || !isPageSize(pageSize) || !isOrientation(orientation) ||
-            !qIsFinite(pageSizeF.width()) || !qIsFinite(pageSizeF.height()))
-            throw tr("错误的文件格式");
-        m_dpiX = dpiX;
-        m_dpiY = dpiY;
-        m_pageSize = QPageSize::PageSizeId(pageSize);
-        m_orientation = QPageLayout::Orientation(orientation);
-        m_pageSizeF = pageSizeF;
-        updateSceneRect();
-
+        readHeader(in);
         // A broken payload loses every item but still loads the page.
         QList<ReportItem*> items;
         loadItems(in, items);

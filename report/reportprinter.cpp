@@ -2,6 +2,7 @@
 
 #include "itemfactory.h"
 #include "pdffinisher_p.h"
+#include "printtimes_p.h"
 #include "report.h"
 #include "sqlwarning.h"
 
@@ -13,7 +14,6 @@
 #include <kvcore/workspace.h>
 
 #include <QCoreApplication>
-#include <QDateTime>
 #include <QDir>
 #include <QGraphicsProxyWidget>
 #include <QInputDialog>
@@ -99,6 +99,16 @@ QString subjectsText(QStringList subjects)
     if (subjects.size() > 5)
         return QStringLiteral("%1 … %2 (%3)").arg(subjects.first(), subjects.last()).arg(subjects.size());
     return subjects.join(QStringLiteral(", "));
+}
+
+// A PDF that was closed in full ends with its trailer's end-of-file marker.
+bool isCompletePdf(const QString& fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly) || file.size() < 8)
+        return false;
+    file.seek(qMax<qint64>(0, file.size() - 64));
+    return file.read(64).trimmed().endsWith("%%EOF");
 }
 
 } // namespace
@@ -274,13 +284,18 @@ bool ReportPrinter::beginPainting(QPainter& painter, QPrinter* printer)
     return false;
 }
 
-void ReportPrinter::endPainting(QPainter& painter, QPrinter* printer)
+bool ReportPrinter::endPainting(QPainter& painter, QPrinter* printer)
 {
-    painter.end();
-    // Only a PDF file is finished: a preview paints on the same printer without writing one.
+    if (!painter.end() || printer->printerState() == QPrinter::Error) {
+        m_job.printerFailed = true;
+        information(tr("打印机 %1 报告了错误.").arg(printer->printerName()), QMessageBox::Ok,
+                    QMessageBox::Ok);
+        return false;
+    }
+    // Only a PDF file is finished and checked: a preview paints on the same printer without writing one.
     if (printer->outputFormat() != QPrinter::PdfFormat || printer->outputFileName().isEmpty() ||
-        !printer->paintEngine() || printer->paintEngine()->type() != QPaintEngine::Pdf || m_job.printerFailed)
-        return;
+        !printer->paintEngine() || printer->paintEngine()->type() != QPaintEngine::Pdf)
+        return true;
     PdfDocumentInfo info;
     info.title = QStringList{Report::typeName(m_job.report->type()), subjectsText(m_job.subjects)}
                      .join(QLatin1Char(' '))
@@ -288,12 +303,17 @@ void ReportPrinter::endPainting(QPainter& painter, QPrinter* printer)
     info.author = m_workspace->profile()->value(QStringLiteral("hospital")).toString();
     info.creator = QStringLiteral("CoagulationReport " COAGULATION_REPORT_VERSION);
     info.archival = m_job.archival;
+    // Complete as Qt wrote it, finished, and complete again as finished.
+    const QString fileName = printer->outputFileName();
     QString error;
-    if (PdfFinisher::finish(printer->outputFileName(), info, &error))
-        return;
-    qWarning("ReportPrinter: cannot finish %s: %s", qPrintable(printer->outputFileName()), qPrintable(error));
+    if (isCompletePdf(fileName) && PdfFinisher::finish(fileName, info, &error) && isCompletePdf(fileName))
+        return true;
+    if (!error.isEmpty())
+        qWarning("ReportPrinter: cannot finish %s: %s", qPrintable(fileName), qPrintable(error));
     m_job.printerFailed = true;
-    information(printerError(printer), QMessageBox::Ok, QMessageBox::Ok);
+    information(tr("文件 %1 没有完整写出.").arg(QDir::toNativeSeparators(fileName)), QMessageBox::Ok,
+                QMessageBox::Ok);
+    return false;
 }
 
 QString ReportPrinter::printerError(const QPrinter* printer) const
@@ -308,19 +328,20 @@ QString ReportPrinter::printerError(const QPrinter* printer) const
 void ReportPrinter::printResult(QPrinter* printer)
 {
     WaitCursor cursor(Qt::WaitCursor);
+    // Reserved before the first page: a locked database fails the job before anything prints.
+    PrintTimes times(m_job.database);
+    if (!times.begin()) {
+        m_job.printerFailed = true;
+        information(times.errorString() + QLatin1Char('\n') + tr("没有打印任何报告."), QMessageBox::Ok,
+                    QMessageBox::Ok);
+        return;
+    }
     QPainter painter;
     if (!beginPainting(painter, printer))
         return;
-    QSqlQuery update(m_job.database);
-    if (!update.prepare(QStringLiteral("update patient set printTime=:time where id=:id")))
-        REPORT_SQL_WARNING(update.lastError());
     QSqlQuery select(m_job.database);
     if (!select.prepare(QStringLiteral("select sampleNo from patient where id=:id")))
         REPORT_SQL_WARNING(select.lastError());
-    // The print times of a job go in one transaction: committed one by one, each would cost the
-    // database a journal file and a sync to disk, more than rendering the page. A caller's own
-    // open transaction makes this fail, and then the times go into the caller's.
-    const bool ownTransaction = m_job.database.transaction();
     m_job.subjects.clear();
 
     Profile* profile = m_workspace->profile();
@@ -349,17 +370,15 @@ void ReportPrinter::printResult(QPrinter* printer)
         page->fetchData(int(id), m_job.database);
         renderPage(page, &painter);
         m_job.subjects.append(sampleNo.trimmed());
-
-        update.bindValue(QStringLiteral(":time"), QDateTime::currentDateTime().toString(Qt::ISODate));
-        update.bindValue(QStringLiteral(":id"), id);
-        if (!update.exec())
-            REPORT_SQL_WARNING(update.lastError());
+        times.write(id);
         if (i != m_job.patientIds.size() - 1)
             printer->newPage();
     }
-    if (ownTransaction && !m_job.database.commit())
-        REPORT_SQL_WARNING(m_job.database.lastError());
-    endPainting(painter, printer);
+    // The times stand only for pages that came out.
+    if (endPainting(painter, printer))
+        times.commit();
+    else
+        times.rollback();
 }
 
 void ReportPrinter::printQc(QPrinter* printer)

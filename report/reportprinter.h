@@ -38,8 +38,9 @@ public:
 
     void setWorkspace(Workspace* workspace) override;
     QList<QString> enumTemplate(const QString& directory, kv::ReportType type) override;
-    // Each returns false when the template cannot be chosen or loaded, or the printer cannot be
-    // opened (the user has been told); true otherwise, also when the user cancelled a dialog.
+    // Each returns false when the template cannot be chosen or loaded, the printer cannot be
+    // opened, the pages did not all come out or the print times could not be reserved (the user
+    // has been told); true otherwise, also when the user cancelled a dialog.
     bool store(const MaintenanceExportData* data, StoreMode mode) override;
     bool store(const QList<QcExportData*>& data, StoreMode mode) override;
     bool store(const QList<qint64>& patientIds, QSqlDatabase database, StoreMode mode) override;
@@ -74,7 +75,8 @@ private:
     bool loadTemplate(Report* report, kv::ReportType type, kv::SampleType sampleType);
     bool run(const Job& job, PageLoop pageLoop);
     bool beginPainting(QPainter& painter, QPrinter* printer);
-    void endPainting(QPainter& painter, QPrinter* printer);
+    // Ends the job's pages; false (the user has been told) when they did not all come out.
+    bool endPainting(QPainter& painter, QPrinter* printer);
     QString printerError(const QPrinter* printer) const;
 
     Workspace* m_workspace = nullptr;

@@ -10,7 +10,7 @@ reports="$out/reports"
 
 # The demo speaks Chinese whatever the machine's locale; --language en makes an English one.
 export LANGUAGE=zh_CN
-"$tool" demo "$out"
+"$tool" demo "$out" --force
 # Five samples of one morning; number 13 is a QC sample and prints from the QC sample template.
 "$tool" patients 10 11 12 13 14 --profile "$profile" --output "$reports/patient-results.pdf"
 # The normal PT and APTT controls of June: each series on its own pages.

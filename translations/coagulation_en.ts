@@ -1367,6 +1367,191 @@ Do you want to save your changes?</translation>
     </message>
 </context>
 <context>
+    <name>coagulation::PrintTool</name>
+    <message>
+        <source>缺少默认模板 %1</source>
+        <translation>The default template %1 is missing</translation>
+    </message>
+    <message>
+        <source>无法把 %1 复制到 %2</source>
+        <translation>Cannot copy %1 to %2</translation>
+    </message>
+    <message>
+        <source>文件夹 %1 不是空的; 用 --force 在其中重新建立演示工作区 (其中的数据库, 配置和模板会被替换)</source>
+        <translation>The folder %1 is not empty; give --force to make the demo workspace there anew (its databases, profile and templates are replaced)</translation>
+    </message>
+    <message>
+        <source>无法建立文件夹 %1</source>
+        <translation>Cannot create the folder %1</translation>
+    </message>
+    <message>
+        <source>无法在 %1 中生成实验室数据库</source>
+        <translation>Cannot generate the laboratory databases in %1</translation>
+    </message>
+    <message>
+        <source>--dialog 和 --preview 需要图形显示</source>
+        <translation>--dialog and --preview need a display</translation>
+    </message>
+    <message>
+        <source>用法见 &apos;%1 --help&apos;.</source>
+        <translation>See &apos;%1 --help&apos; for the usage.</translation>
+    </message>
+    <message>
+        <source>%1 是一个文件夹</source>
+        <translation>%1 is a folder</translation>
+    </message>
+    <message>
+        <source>无法在文件夹 %1 中写入文件</source>
+        <translation>Cannot write files in the folder %1</translation>
+    </message>
+    <message>
+        <source>无法写出文件 %1</source>
+        <translation>Cannot write the file %1</translation>
+    </message>
+    <message>
+        <source>病人结果报告</source>
+        <translation>patient result reports</translation>
+    </message>
+    <message>
+        <source>质控样本</source>
+        <translation>QC samples</translation>
+    </message>
+    <message>
+        <source>质控报告</source>
+        <translation>QC reports</translation>
+    </message>
+    <message>
+        <source>维护记录报告</source>
+        <translation>maintenance reports</translation>
+    </message>
+    <message>
+        <source>配置文件 %1 不存在</source>
+        <translation>The profile %1 does not exist</translation>
+    </message>
+    <message>
+        <source>模板文件夹 %1 不存在</source>
+        <translation>The template folder %1 does not exist</translation>
+    </message>
+    <message>
+        <source>找不到报表插件</source>
+        <translation>No report plug-in found</translation>
+    </message>
+    <message>
+        <source>报表插件 %1 没有提供打印机</source>
+        <translation>The report plug-in %1 made no printer</translation>
+    </message>
+    <message>
+        <source>演示工作区: %1</source>
+        <translation>Demo workspace: %1</translation>
+    </message>
+    <message>
+        <source>模板文件夹: %1</source>
+        <translation>Template folder: %1</translation>
+    </message>
+    <message>
+        <source>%1 (%2): %3
+  记住的模板: %4</source>
+        <translation>%1 (%2): %3
+  remembered: %4</translation>
+    </message>
+    <message>
+        <source>无</source>
+        <translation>none</translation>
+    </message>
+    <message>
+        <source>没有要检查的模板</source>
+        <translation>No templates to check</translation>
+    </message>
+    <message>
+        <source>%1: 完好</source>
+        <translation>%1: complete</translation>
+    </message>
+    <message>
+        <source>模板 %1 已损坏: %2</source>
+        <translation>The template %1 is damaged: %2</translation>
+    </message>
+    <message>
+        <source>%1 中没有名为 &apos;%2&apos; 的%3模板 (有: %4)</source>
+        <translation>No template &apos;%2&apos; for %3 in %1 (there are: %4)</translation>
+    </message>
+    <message>
+        <source>没有为%1选择模板 (配置项 %2); 请用 --template 名称 给出 (有: %3)</source>
+        <translation>No template chosen for %1 (profile key %2); give --template NAME (there are: %3)</translation>
+    </message>
+    <message>
+        <source>没有要打印的内容</source>
+        <translation>Nothing to print</translation>
+    </message>
+    <message>
+        <source>没有为质控样本选择模板 (配置项 report/qc): 样本 %1 不会打印</source>
+        <translation>No template chosen for QC samples (profile key report/qc): %1 will be left out</translation>
+    </message>
+    <message>
+        <source>没有写出 %1</source>
+        <translation>%1 was not written</translation>
+    </message>
+    <message>
+        <source>打印失败</source>
+        <translation>Printing failed</translation>
+    </message>
+    <message>
+        <source>%1; 没有记录打印时间</source>
+        <translation>%1; no print time was recorded</translation>
+    </message>
+    <message>
+        <source>已写出 %1</source>
+        <translation>Wrote %1</translation>
+    </message>
+    <message>
+        <source>无法读取病人表</source>
+        <translation>Cannot read the patient table</translation>
+    </message>
+    <message>
+        <source>没有编号为 %1 的病人</source>
+        <translation>No patient with id %1</translation>
+    </message>
+    <message>
+        <source>没有样本号为 &apos;%1&apos; 的样本</source>
+        <translation>No sample with the number &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>质控数据库 %1 中没有试剂</source>
+        <translation>The QC database %1 holds no reagents</translation>
+    </message>
+    <message>
+        <source>没有编号为 %1 的试剂</source>
+        <translation>No reagent with id %1</translation>
+    </message>
+    <message>
+        <source>无法读取试剂 %1 的质控数据</source>
+        <translation>Cannot read the QC data of reagent %1</translation>
+    </message>
+    <message>
+        <source>质控数据库 %1 中没有工作台</source>
+        <translation>The QC database %1 holds no workbenches</translation>
+    </message>
+    <message>
+        <source>没有编号为 %1 的工作台</source>
+        <translation>No workbench with id %1</translation>
+    </message>
+    <message>
+        <source>数据库文件 %1 不存在</source>
+        <translation>The database file %1 does not exist</translation>
+    </message>
+    <message>
+        <source>无法读取数据库文件 %1 (不是 SQLite 数据库或已损坏)</source>
+        <translation>Cannot read the database file %1 (not an SQLite database, or damaged)</translation>
+    </message>
+    <message>
+        <source>数据库 %1 中没有表 &quot;%2&quot;</source>
+        <translation>The database %1 has no table &quot;%2&quot;</translation>
+    </message>
+    <message>
+        <source>数据库 %1 的表 &quot;%2&quot; 中没有列 &quot;%3&quot;</source>
+        <translation>The table &quot;%2&quot; of the database %1 has no column &quot;%3&quot;</translation>
+    </message>
+</context>
+<context>
     <name>coagulation::PropertyPanel</name>
     <message>
         <source>未选中项目</source>
@@ -1718,6 +1903,22 @@ Do you want to save your changes?</translation>
     <message>
         <source>无法打开打印机 %1</source>
         <translation>Cannot open the printer %1</translation>
+    </message>
+    <message>
+        <source>数据库正被其他程序写入, 等待 %1 秒后仍无法记录打印时间</source>
+        <translation>Another program is writing to the database; after waiting %1 seconds the print times still cannot be recorded</translation>
+    </message>
+    <message>
+        <source>打印机 %1 报告了错误.</source>
+        <translation>The printer %1 reported an error.</translation>
+    </message>
+    <message>
+        <source>文件 %1 没有完整写出.</source>
+        <translation>The file %1 was not written completely.</translation>
+    </message>
+    <message>
+        <source>没有打印任何报告.</source>
+        <translation>No report was printed.</translation>
     </message>
 </context>
 <context>
@@ -2163,6 +2364,61 @@ Do you want to save your changes?</translation>
     </message>
 </context>
 <context>
+    <name>coagulation::TemplateCheck</name>
+    <message>
+        <source>无法读取文件</source>
+        <translation>The file cannot be read</translation>
+    </message>
+    <message>
+        <source>文件不存在</source>
+        <translation>The file does not exist</translation>
+    </message>
+    <message>
+        <source>分辨率无效: %1 x %2 dpi</source>
+        <translation>Invalid resolution: %1 x %2 dpi</translation>
+    </message>
+    <message>
+        <source>纸张尺寸无效: %1 x %2 mm</source>
+        <translation>Invalid page size: %1 x %2 mm</translation>
+    </message>
+    <message>
+        <source>文件在项目数之前结束</source>
+        <translation>The file ends before the item count</translation>
+    </message>
+    <message>
+        <source>项目数无效: %1</source>
+        <translation>Invalid item count: %1</translation>
+    </message>
+    <message>
+        <source>内容已损坏</source>
+        <translation>its contents are damaged</translation>
+    </message>
+    <message>
+        <source>文件在第 %1 个项目处被截断 (共 %2 个项目)</source>
+        <translation>The file is cut short at item %1 (of %2)</translation>
+    </message>
+    <message>
+        <source>文件在第 %1 个项目 (%2) 中结束, 或该项目已损坏 (共 %3 个项目)</source>
+        <translation>The file ends within item %1 (%2), or that item is damaged (of %3)</translation>
+    </message>
+    <message>
+        <source>第 %1 个项目: %2</source>
+        <translation>Item %1: %2</translation>
+    </message>
+    <message>
+        <source>第 %1 个项目 (%2): %3</source>
+        <translation>Item %1 (%2): %3</translation>
+    </message>
+    <message>
+        <source>第 %1 个项目 (%2) 的内容已损坏</source>
+        <translation>The contents of item %1 (%2) are damaged</translation>
+    </message>
+    <message>
+        <source>最后一个项目之后还有 %1 字节多余的数据</source>
+        <translation>%1 bytes of extra data follow the last item</translation>
+    </message>
+</context>
+<context>
     <name>coagulation::TemplateLimits</name>
     <message>
         <source>模板超出限制：%1不能超过 %2。</source>
@@ -2259,6 +2515,325 @@ Do you want to save your changes?</translation>
     <message>
         <source>文本</source>
         <translation>Text</translation>
+    </message>
+</context>
+<context>
+    <name>coagulation::ToolArguments</name>
+    <message>
+        <source>文件</source>
+        <translation>FILE</translation>
+    </message>
+    <message>
+        <source>工作区的配置文件 (INI 文件)</source>
+        <translation>the workspace&apos;s profile (INI file)</translation>
+    </message>
+    <message>
+        <source>文件夹</source>
+        <translation>FOLDER</translation>
+    </message>
+    <message>
+        <source>模板文件夹 (默认: 配置中的 &quot;report/templateDirectory&quot;, 否则为配置文件旁的 &quot;templates&quot;)</source>
+        <translation>template folder (default: the profile&apos;s &quot;report/templateDirectory&quot;, else &quot;templates&quot; beside it)</translation>
+    </message>
+    <message>
+        <source>名称</source>
+        <translation>NAME</translation>
+    </message>
+    <message>
+        <source>用此模板代替记住的模板打印 (不会记住)</source>
+        <translation>print with this template instead of the remembered one (the choice is not remembered)</translation>
+    </message>
+    <message>
+        <source>写出 PDF 文件, 而不是在默认打印机上打印</source>
+        <translation>write a PDF file instead of printing on the default printer</translation>
+    </message>
+    <message>
+        <source>先在打印对话框中选择打印机</source>
+        <translation>choose the printer in a print dialog first</translation>
+    </message>
+    <message>
+        <source>显示打印预览, 可从中打印</source>
+        <translation>show a print preview, from which one can print</translation>
+    </message>
+    <message>
+        <source>页面内容超出模板给它的位置时任务失败, 什么也不打印 (否则只是警告)</source>
+        <translation>fail, printing nothing, when a page&apos;s content outgrows the room its template gives it (otherwise that is a warning)</translation>
+    </message>
+    <message>
+        <source>把 PDF 写成 PDF/A-1b 以便归档 (只对本次运行; 配置中 &quot;report/pdfa&quot; = true 时为默认)</source>
+        <translation>write the PDF as PDF/A-1b, for archiving (for this run; the profile&apos;s &quot;report/pdfa&quot; = true makes it the default)</translation>
+    </message>
+    <message>
+        <source>日期</source>
+        <translation>DATE</translation>
+    </message>
+    <message>
+        <source>只包括此日期起测定的结果 (yyyy-MM-dd)</source>
+        <translation>only results measured on or after this date (yyyy-MM-dd)</translation>
+    </message>
+    <message>
+        <source>只包括此日期止测定的结果 (yyyy-MM-dd)</source>
+        <translation>only results measured on or before this date (yyyy-MM-dd)</translation>
+    </message>
+    <message>
+        <source>月份</source>
+        <translation>MONTH</translation>
+    </message>
+    <message>
+        <source>月份, yyyy-MM (必需)</source>
+        <translation>the month, yyyy-MM (required)</translation>
+    </message>
+    <message>
+        <source>编号</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>工作台 (默认: 第一个)</source>
+        <translation>the workbench (default: the first one)</translation>
+    </message>
+    <message>
+        <source>数量</source>
+        <translation>COUNT</translation>
+    </message>
+    <message>
+        <source>生成的病人样本数 (默认 200)</source>
+        <translation>number of patient samples to generate (default 200)</translation>
+    </message>
+    <message>
+        <source>复制默认模板的来源文件夹</source>
+        <translation>where the default templates are copied from</translation>
+    </message>
+    <message>
+        <source>文件夹不为空时也写入 (替换其中的数据库, 配置和模板)</source>
+        <translation>write into a folder that is not empty (replacing its databases, profile and templates)</translation>
+    </message>
+    <message>
+        <source>语言</source>
+        <translation>LANGUAGE</translation>
+    </message>
+    <message>
+        <source>界面, 报告以及演示模板和数据的语言: zh_CN (默认) 或 en (默认取自 LANGUAGE, LC_ALL 或 LANG)</source>
+        <translation>the language of messages, reports and the demo&apos;s templates and data: zh_CN (the default) or en (default: LANGUAGE, LC_ALL or LANG)</translation>
+    </message>
+    <message>
+        <source>显示帮助</source>
+        <translation>show this help</translation>
+    </message>
+    <message>
+        <source>显示版本</source>
+        <translation>show the version</translation>
+    </message>
+    <message>
+        <source>病人编号...</source>
+        <translation>PATIENT-ID...</translation>
+    </message>
+    <message>
+        <source>按病人编号打印病人结果报告</source>
+        <translation>patient result reports by patient id</translation>
+    </message>
+    <message>
+        <source>按病人编号 (&quot;patient&quot; 表的 id) 打印病人结果报告, 每位病人一页.</source>
+        <translation>Prints patient result reports by patient id (ids of the &quot;patient&quot; table), one page per patient.</translation>
+    </message>
+    <message>
+        <source>样本号...</source>
+        <translation>SAMPLE-NO...</translation>
+    </message>
+    <message>
+        <source>按样本号打印病人结果报告</source>
+        <translation>patient result reports by sample number</translation>
+    </message>
+    <message>
+        <source>按样本号打印病人结果报告, 取该样本号最新的样本, 每个样本一页.</source>
+        <translation>Prints patient result reports by sample number (the latest sample with that number), one page per sample.</translation>
+    </message>
+    <message>
+        <source>[试剂编号...]</source>
+        <translation>[REAGENT-ID...]</translation>
+    </message>
+    <message>
+        <source>打印质控报告</source>
+        <translation>QC report</translation>
+    </message>
+    <message>
+        <source>打印质控报告, 每个试剂一个序列 (未给出时为全部试剂), 每个序列从新的一页开始.</source>
+        <translation>Prints a QC report, one series per reagent (all reagents when none is given), each series starting on a new sheet.</translation>
+    </message>
+    <message>
+        <source>打印一个月的维护记录报告</source>
+        <translation>maintenance record report of one month</translation>
+    </message>
+    <message>
+        <source>打印一个月 (--month) 的维护记录报告, 总是一页.</source>
+        <translation>Prints the maintenance record report of one month (--month), always one page.</translation>
+    </message>
+    <message>
+        <source>列出模板</source>
+        <translation>lists the templates</translation>
+    </message>
+    <message>
+        <source>列出每种报告类型的模板和配置中记住的模板.</source>
+        <translation>Lists the templates of each report type and the ones remembered in the profile.</translation>
+    </message>
+    <message>
+        <source>[模板文件...]</source>
+        <translation>[TEMPLATE...]</translation>
+    </message>
+    <message>
+        <source>检查模板是否完整</source>
+        <translation>checks that templates are complete</translation>
+    </message>
+    <message>
+        <source>检查模板文件是否完整可读: 文件头可用, 每个项目都能读出, 文件在最后一个项目处结束. 未给出文件时检查工作区模板文件夹中的全部模板. 有模板损坏时退出状态为 1.</source>
+        <translation>Checks that template files can be read completely: a usable header, every item readable, the file ending with the last item. Without files, every template in the workspace&apos;s template folder is checked. The exit status is 1 when a template is damaged.</translation>
+    </message>
+    <message>
+        <source>建立演示工作区</source>
+        <translation>creates a demo workspace</translation>
+    </message>
+    <message>
+        <source>在文件夹中建立演示工作区: profile.ini, 用生成的实验室数据填充的三个数据库, templates 中的默认模板, 以及配置中的模板选择. 文件夹不为空时需要 --force.</source>
+        <translation>Creates a demo workspace in the folder: profile.ini, the three databases with generated laboratory data, the default templates in templates, and the template choices in the profile. A folder that is not empty needs --force.</translation>
+    </message>
+    <message>
+        <source>用法: %1 [选项]</source>
+        <translation>Usage: %1 [OPTIONS]</translation>
+    </message>
+    <message>
+        <source>选项:</source>
+        <translation>Options:</translation>
+    </message>
+    <message>
+        <source>用法: %1 命令 [参数] [选项]</source>
+        <translation>Usage: %1 COMMAND [ARGUMENTS] [OPTIONS]</translation>
+    </message>
+    <message>
+        <source>像主程序一样通过报表插件打印分析仪的报告: 按接口标识找到插件, 用配置文件建立工作区, 使用配置中记住的模板.</source>
+        <translation>Prints the analyser&apos;s reports through the report plug-in the way the host application does: the plug-in is found by its interface id, its printer gets a workspace made from the profile, and the templates remembered in the profile are used.</translation>
+    </message>
+    <message>
+        <source>命令:</source>
+        <translation>Commands:</translation>
+    </message>
+    <message>
+        <source>&quot;%1 命令 --help&quot; 显示该命令的选项.</source>
+        <translation>&quot;%1 COMMAND --help&quot; shows that command&apos;s options.</translation>
+    </message>
+    <message>
+        <source>没有 --output, --dialog 或 --preview 时报告送到默认打印机. 不显示对话框或预览时, 报表模块的消息写到标准错误输出.</source>
+        <translation>Without --output, --dialog or --preview the reports go to the default printer. Messages of the report module go to stderr unless a dialog or preview is shown.</translation>
+    </message>
+    <message>
+        <source>退出状态: 0 成功, 1 任务失败 (数据或模板缺失或损坏, 打印失败, 什么也没有记录), 2 参数错误.</source>
+        <translation>Exit status: 0 success, 1 the job failed (data or template missing or damaged, printing failed; nothing was recorded), 2 wrong arguments.</translation>
+    </message>
+    <message>
+        <source>示例:</source>
+        <translation>Examples:</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; 不是%2编号 (正整数)</source>
+        <translation>&apos;%1&apos; is not a %2 id (a positive whole number)</translation>
+    </message>
+    <message>
+        <source>--%1 &apos;%2&apos; 不是 yyyy-MM-dd 格式的日期</source>
+        <translation>--%1 &apos;%2&apos; is not a date of the form yyyy-MM-dd</translation>
+    </message>
+    <message>
+        <source>未知的选项 &apos;%1&apos;</source>
+        <translation>Unknown option &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>选项 %1 需要一个值</source>
+        <translation>The option %1 needs a value</translation>
+    </message>
+    <message>
+        <source>选项 %1 不带值</source>
+        <translation>The option %1 takes no value</translation>
+    </message>
+    <message>
+        <source>无法解析命令行</source>
+        <translation>Cannot read the command line</translation>
+    </message>
+    <message>
+        <source>--language &apos;%1&apos; 不是 zh_CN 或 en</source>
+        <translation>--language &apos;%1&apos; is not one of zh_CN and en</translation>
+    </message>
+    <message>
+        <source>没有给出命令</source>
+        <translation>No command given</translation>
+    </message>
+    <message>
+        <source>未知的命令 &apos;%1&apos;</source>
+        <translation>Unknown command &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>选项 --%1 不适用于命令 &apos;%2&apos;</source>
+        <translation>--%1 does not apply to the command &apos;%2&apos;</translation>
+    </message>
+    <message>
+        <source>只能给出 --output, --dialog 和 --preview 中的一个</source>
+        <translation>Give only one of --output, --dialog and --preview</translation>
+    </message>
+    <message>
+        <source>--output 需要文件名</source>
+        <translation>--output needs a file name</translation>
+    </message>
+    <message>
+        <source>命令 &apos;%1&apos; 需要配置文件 (--profile 文件)</source>
+        <translation>The command &apos;%1&apos; needs a profile (--profile FILE)</translation>
+    </message>
+    <message>
+        <source>至少给出一个病人编号</source>
+        <translation>Give at least one patient id</translation>
+    </message>
+    <message>
+        <source>病人</source>
+        <translation>patient</translation>
+    </message>
+    <message>
+        <source>至少给出一个样本号</source>
+        <translation>Give at least one sample number</translation>
+    </message>
+    <message>
+        <source>试剂</source>
+        <translation>reagent</translation>
+    </message>
+    <message>
+        <source>--from %1 晚于 --to %2</source>
+        <translation>--from %1 lies after --to %2</translation>
+    </message>
+    <message>
+        <source>命令 &apos;maintenance&apos; 不带参数; 请用 --month</source>
+        <translation>The command &apos;maintenance&apos; takes no arguments; use --month</translation>
+    </message>
+    <message>
+        <source>命令 &apos;maintenance&apos; 需要 --month yyyy-MM</source>
+        <translation>The command &apos;maintenance&apos; needs --month yyyy-MM</translation>
+    </message>
+    <message>
+        <source>--month &apos;%1&apos; 不是 yyyy-MM 格式的月份</source>
+        <translation>--month &apos;%1&apos; is not a month of the form yyyy-MM</translation>
+    </message>
+    <message>
+        <source>--workbench &apos;%1&apos; 不是工作台编号</source>
+        <translation>--workbench &apos;%1&apos; is not a workbench id</translation>
+    </message>
+    <message>
+        <source>命令 &apos;templates&apos; 不带参数</source>
+        <translation>The command &apos;templates&apos; takes no arguments</translation>
+    </message>
+    <message>
+        <source>命令 &apos;check&apos; 需要模板文件, 或者配置文件 (--profile 文件) 或模板文件夹 (--template-dir)</source>
+        <translation>The command &apos;check&apos; needs template files, a profile (--profile FILE) or a template folder (--template-dir)</translation>
+    </message>
+    <message>
+        <source>命令 &apos;demo&apos; 需要且只需要一个文件夹</source>
+        <translation>The command &apos;demo&apos; needs exactly one folder</translation>
+    </message>
+    <message>
+        <source>--patients &apos;%1&apos; 不是 1 到 100000 之间的数</source>
+        <translation>--patients &apos;%1&apos; is not a count from 1 to 100000</translation>
     </message>
 </context>
 <context>

@@ -21,16 +21,16 @@ bool copyTemplates(const QDir& source, const QDir& templates, QString* errorStri
         const QString fileName = entry.name() + QLatin1Char('.') + Report::suffix;
         const QString target = templates.filePath(fileName);
         if (!source.exists(fileName)) {
-            *errorString = QStringLiteral("The default template %1 is missing")
-                               .arg(QDir::toNativeSeparators(source.filePath(fileName)));
+            *errorString =
+                DemoWorkspace::tr("缺少默认模板 %1").arg(QDir::toNativeSeparators(source.filePath(fileName)));
             return false;
         }
         QFile::remove(target);
         QFile file(source.filePath(fileName));
         if (!file.copy(target)) {
-            *errorString = QStringLiteral("Cannot copy %1 to %2: %3")
-                               .arg(QDir::toNativeSeparators(file.fileName()),
-                                    QDir::toNativeSeparators(target), file.errorString());
+            *errorString =
+                DemoWorkspace::tr("无法把 %1 复制到 %2")
+                    .arg(QDir::toNativeSeparators(file.fileName()), QDir::toNativeSeparators(target));
             return false;
         }
     }
@@ -48,14 +48,21 @@ QString DemoWorkspace::defaultTemplateSource()
     return QStringLiteral(COAGULATION_SOURCE_TEMPLATES);
 }
 
-bool DemoWorkspace::create(const QString& folder, const QString& templateSource, int patientCount,
+bool DemoWorkspace::create(const QString& folder, const QString& templateSource, int patientCount, bool force,
                            QString* errorString)
 {
     const QDir dir(QDir(folder).absolutePath());
     const QDir templates(dir.filePath(QStringLiteral("templates")));
-    if (!QDir().mkpath(templates.absolutePath())) {
+    // A laboratory's own workspace there would lose its databases, profile and templates.
+    if (!force && dir.exists() &&
+        !dir.isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System)) {
         *errorString =
-            QStringLiteral("Cannot create the folder %1").arg(QDir::toNativeSeparators(templates.path()));
+            tr("文件夹 %1 不是空的; 用 --force 在其中重新建立演示工作区 (其中的数据库, 配置和模板会被替换)")
+                .arg(QDir::toNativeSeparators(dir.path()));
+        return false;
+    }
+    if (!QDir().mkpath(templates.absolutePath())) {
+        *errorString = tr("无法建立文件夹 %1").arg(QDir::toNativeSeparators(templates.path()));
         return false;
     }
     // The committed templates are Chinese; other languages get them built in their own.
@@ -69,7 +76,7 @@ bool DemoWorkspace::create(const QString& folder, const QString& templateSource,
     LabDatabaseGenerator generator(&profile);
     generator.setPatientCount(patientCount);
     if (!generator.generate()) {
-        *errorString = generator.errorString();
+        *errorString = tr("无法在 %1 中生成实验室数据库").arg(QDir::toNativeSeparators(dir.path()));
         return false;
     }
     profile.setValue(QStringLiteral("report/templateDirectory"), QStringLiteral("templates"), true);

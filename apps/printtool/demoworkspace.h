@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 namespace coagulation {
@@ -8,14 +9,16 @@ namespace coagulation {
 // the generator, the default templates and the template choices remembered in the profile.
 class DemoWorkspace
 {
+    Q_DECLARE_TR_FUNCTIONS(coagulation::PrintTool)
 public:
     static QString profileFileName() { return QStringLiteral("profile.ini"); }
 
     // Where the default templates are found: beside the installed tool, else in the source tree.
     static QString defaultTemplateSource();
 
-    // Creates or refreshes the workspace in `folder`; the databases are generated anew.
-    static bool create(const QString& folder, const QString& templateSource, int patientCount,
+    // Creates the workspace in `folder`, which must be missing or empty unless `force` is given;
+    // then an existing workspace there is refreshed and its databases are generated anew.
+    static bool create(const QString& folder, const QString& templateSource, int patientCount, bool force,
                        QString* errorString);
 };
 

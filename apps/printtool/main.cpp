@@ -40,7 +40,10 @@ bool hasDisplay()
 
 int needsDisplay()
 {
-    std::fprintf(stderr, "coagulation-print: --dialog and --preview need a display\n");
+    std::fprintf(stderr, "coagulation-print: %s\n",
+                 QCoreApplication::translate("coagulation::PrintTool", "--dialog 和 --preview 需要图形显示")
+                     .toLocal8Bit()
+                     .constData());
     return PrintTool::Failure;
 }
 
@@ -53,8 +56,15 @@ int main(int argc, char** argv)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     ToolArguments parsed;
     if (!parsed.parse(arguments)) {
-        std::fprintf(stderr, "coagulation-print: %s\nTry 'coagulation-print --help'.\n",
-                     parsed.errorString().toLocal8Bit().constData());
+        // Said again in the user's language, which needs an application for its translations.
+        QCoreApplication core(argc, argv);
+        QString unknownLanguage;
+        if (Language::setUp(Language::fromArguments(arguments), &unknownLanguage))
+            parsed.parse(arguments);
+        const QString hint = QCoreApplication::translate("coagulation::PrintTool", "用法见 '%1 --help'.")
+                                 .arg(QStringLiteral("coagulation-print"));
+        std::fprintf(stderr, "coagulation-print: %s\n%s\n", parsed.errorString().toLocal8Bit().constData(),
+                     hint.toLocal8Bit().constData());
         return PrintTool::UsageError;
     }
 

@@ -2,15 +2,21 @@
 
 #include "demoworkspace.h"
 #include "overflowpreflight.h"
+#include "pdfoutput.h"
 #include "reportsources.h"
+#include "workspacepreflight.h"
 
 #include <core/information.h>
 #include <core/profile.h>
+#include <itemfactory.h>
 #include <kvcore/datastoragefactoryinterface.h>
 #include <kvcore/maintenanceexportdata.h>
 #include <kvcore/pluginlocator.h>
 #include <kvcore/workspace.h>
+#include <report.h>
+#include <reportitem.h>
 #include <reportprinter.h>
+#include <templatecheck.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -31,10 +37,11 @@ struct JobTemplate
 
 // The remembered templates, as the printer looks them up.
 const JobTemplate jobTemplates[] = {
-    {kv::PatientReport, "report/template", "patient result reports"},
-    {kv::PatientReport, "report/qc", "QC samples"},
-    {kv::QcReport, "report/qctemplate", "QC reports"},
-    {kv::MaintenanceRecordReport, "report/maintenanceRecord", "maintenance reports"},
+    {kv::PatientReport, "report/template", QT_TRANSLATE_NOOP("coagulation::PrintTool", "病人结果报告")},
+    {kv::PatientReport, "report/qc", QT_TRANSLATE_NOOP("coagulation::PrintTool", "质控样本")},
+    {kv::QcReport, "report/qctemplate", QT_TRANSLATE_NOOP("coagulation::PrintTool", "质控报告")},
+    {kv::MaintenanceRecordReport, "report/maintenanceRecord",
+     QT_TRANSLATE_NOOP("coagulation::PrintTool", "维护记录报告")},
 };
 
 const JobTemplate& jobTemplateOf(ToolArguments::Command command)
@@ -55,6 +62,11 @@ void say(const QString& text)
     std::fflush(stdout);
 }
 
+QString nativePath(const QString& path)
+{
+    return QDir::toNativeSeparators(path);
+}
+
 DataStorage::StoreMode storeMode(ToolArguments::Destination destination)
 {
     switch (destination) {
@@ -67,6 +79,11 @@ DataStorage::StoreMode storeMode(ToolArguments::Destination destination)
     }
 }
 
+QString templateFile(Workspace* workspace, const QString& name)
+{
+    return workspace->templateDirectory().filePath(name + QLatin1Char('.') + Report::suffix);
+}
+
 } // namespace
 
 int PrintTool::fail(const QString& message, int code)
@@ -77,64 +94,104 @@ int PrintTool::fail(const QString& message, int code)
 
 int PrintTool::run(const ToolArguments& arguments)
 {
-    if (arguments.command == ToolArguments::Help) {
-        say(ToolArguments::helpText());
+    if (arguments.version) {
+        say(QStringLiteral("coagulation-print %1").arg(QStringLiteral(COAGULATION_VERSION)));
+        return Success;
+    }
+    if (arguments.help) {
+        say(ToolArguments::helpText(arguments.command));
         return Success;
     }
     if (arguments.command == ToolArguments::Demo)
         return createDemo(arguments);
+    if (arguments.command == ToolArguments::Check && arguments.profileFile.isEmpty()) {
+        Profile names; // in memory: checking files needs no workspace
+        ItemFactory factory(&names);
+        QStringList files = arguments.templateFiles;
+        if (files.isEmpty()) {
+            const QDir folder(arguments.templateDirectory);
+            for (const QString& name : folder.entryList({QStringLiteral("*.rpt")}, QDir::Files, QDir::Name))
+                files.append(folder.filePath(name));
+        }
+        return checkTemplates(files, &factory);
+    }
 
     if (!QFileInfo(arguments.profileFile).isFile())
-        return fail(QStringLiteral("The profile %1 does not exist")
-                        .arg(QDir::toNativeSeparators(arguments.profileFile)));
-    Profile profile(arguments.profileFile);
+        return fail(tr("配置文件 %1 不存在").arg(nativePath(arguments.profileFile)));
+    // The databases must be there already: an empty one made now would only hide the mistake.
+    Profile profile(arguments.profileFile, Profile::ExistingDatabasesOnly);
     const QDir templates = arguments.templateDirectory.isEmpty() ? Workspace::templateDirectoryOf(&profile)
                                                                  : QDir(arguments.templateDirectory);
     if (!templates.exists())
-        return fail(QStringLiteral("The template folder %1 does not exist")
-                        .arg(QDir::toNativeSeparators(templates.absolutePath())));
+        return fail(tr("模板文件夹 %1 不存在").arg(nativePath(templates.absolutePath())));
     Workspace workspace(&profile, QDir(templates.absolutePath()));
+
+    if (arguments.command == ToolArguments::Check) {
+        ItemFactory factory(&profile);
+        QStringList files = arguments.templateFiles;
+        if (files.isEmpty()) {
+            for (const QString& name :
+                 templates.entryList({QStringLiteral("*.rpt")}, QDir::Files, QDir::Name))
+                files.append(templates.absoluteFilePath(name));
+        }
+        return checkTemplates(files, &factory);
+    }
 
     // Found and loaded the way the host does it.
     PluginLocator locator;
     DataStorageFactoryInterface* factory = locator.dataStorageFactory();
     if (!factory)
-        return fail(QStringLiteral("No report plug-in: %1").arg(locator.errorString()));
-    std::unique_ptr<DataStorage> printer(factory->create());
+        return fail(tr("找不到报表插件"));
+    std::unique_ptr<DataStorage> storage(factory->create());
+    auto* printer = qobject_cast<ReportPrinter*>(storage.get());
     if (!printer)
-        return fail(QStringLiteral("The report plug-in %1 made no printer").arg(locator.fileName()));
+        return fail(tr("报表插件 %1 没有提供打印机").arg(nativePath(locator.fileName())));
     printer->setWorkspace(&workspace);
 
     if (arguments.command == ToolArguments::Templates)
-        return listTemplates(printer.get(), &workspace);
-    return print(arguments, printer.get(), &workspace);
+        return listTemplates(printer, &workspace);
+    return print(arguments, printer, &workspace);
 }
 
 int PrintTool::createDemo(const ToolArguments& arguments)
 {
     QString error;
     if (!DemoWorkspace::create(arguments.demoFolder, arguments.templateSource, arguments.demoPatients,
-                               &error))
+                               arguments.force, &error))
         return fail(error);
-    say(QStringLiteral("Demo workspace: %1")
-            .arg(QDir::toNativeSeparators(
-                QDir(arguments.demoFolder).absoluteFilePath(DemoWorkspace::profileFileName()))));
+    say(tr("演示工作区: %1")
+            .arg(nativePath(QDir(arguments.demoFolder).absoluteFilePath(DemoWorkspace::profileFileName()))));
     return Success;
 }
 
 int PrintTool::listTemplates(DataStorage* printer, Workspace* workspace)
 {
-    say(QStringLiteral("Template folder: %1")
-            .arg(QDir::toNativeSeparators(workspace->templateDirectory().absolutePath())));
+    say(tr("模板文件夹: %1").arg(nativePath(workspace->templateDirectory().absolutePath())));
     for (const JobTemplate& job : jobTemplates) {
         const QStringList names = printer->enumTemplate(workspace->templateDirectory().path(), job.type);
         const QString key = QString::fromLatin1(job.settingKey);
-        say(QStringLiteral("%1 (%2): %3\n  remembered: %4")
-                .arg(key, QString::fromLatin1(job.description),
-                     names.isEmpty() ? QStringLiteral("none") : names.join(QStringLiteral(", ")),
+        say(tr("%1 (%2): %3\n  记住的模板: %4")
+                .arg(key, tr(job.description), names.isEmpty() ? tr("无") : names.join(QStringLiteral(", ")),
                      workspace->profile()->value(key).toString()));
     }
     return Success;
+}
+
+int PrintTool::checkTemplates(const QStringList& files, ItemFactory* factory)
+{
+    if (files.isEmpty())
+        return fail(tr("没有要检查的模板"));
+    TemplateCheck check(factory);
+    int damaged = 0;
+    for (const QString& file : files) {
+        if (check.check(file)) {
+            say(tr("%1: 完好").arg(nativePath(file)));
+        } else {
+            ++damaged;
+            fail(tr("模板 %1 已损坏: %2").arg(nativePath(file), check.errorString()));
+        }
+    }
+    return damaged ? Failure : Success;
 }
 
 bool PrintTool::chooseTemplate(const ToolArguments& arguments, DataStorage* printer, Workspace* workspace)
@@ -142,12 +199,12 @@ bool PrintTool::chooseTemplate(const ToolArguments& arguments, DataStorage* prin
     const JobTemplate& job = jobTemplateOf(arguments.command);
     const QString key = QString::fromLatin1(job.settingKey);
     const QStringList available = printer->enumTemplate(workspace->templateDirectory().path(), job.type);
-    const QString list = available.isEmpty() ? QStringLiteral("none") : available.join(QStringLiteral(", "));
+    const QString list = available.isEmpty() ? tr("无") : available.join(QStringLiteral(", "));
     if (!arguments.templateName.isEmpty()) {
         if (!available.contains(arguments.templateName)) {
-            fail(QStringLiteral("No template '%1' for %2 in %3 (there are: %4)")
-                     .arg(arguments.templateName, QString::fromLatin1(job.description),
-                          QDir::toNativeSeparators(workspace->templateDirectory().absolutePath()), list));
+            fail(tr("%1 中没有名为 '%2' 的%3模板 (有: %4)")
+                     .arg(nativePath(workspace->templateDirectory().absolutePath()), arguments.templateName,
+                          tr(job.description), list));
             return false;
         }
         workspace->profile()->setValue(key, arguments.templateName, false);
@@ -155,92 +212,131 @@ bool PrintTool::chooseTemplate(const ToolArguments& arguments, DataStorage* prin
     }
     // Without a user to ask, a missing choice would end the job silently.
     if (workspace->profile()->value(key).toString().isEmpty() && !InformationLog::isInteractive()) {
-        fail(
-            QStringLiteral("No template chosen for %1 (profile key %2); give --template NAME (there are: %3)")
-                .arg(QString::fromLatin1(job.description), key, list));
+        fail(tr("没有为%1选择模板 (配置项 %2); 请用 --template 名称 给出 (有: %3)")
+                 .arg(tr(job.description), key, list));
         return false;
     }
     return true;
 }
 
-int PrintTool::print(const ToolArguments& arguments, DataStorage* printer, Workspace* workspace)
+bool PrintTool::checkTemplate(const QString& settingKey, ReportPrinter* printer, Workspace* workspace,
+                              QStringList* patientColumns)
+{
+    const QString name = workspace->profile()->value(settingKey).toString();
+    if (name.isEmpty())
+        return true; // to be chosen in the printer's dialog
+    const QString file = templateFile(workspace, name);
+    TemplateCheck check(printer->itemFactory());
+    if (!check.check(file)) {
+        fail(tr("模板 %1 已损坏: %2").arg(nativePath(file), check.errorString()));
+        return false;
+    }
+    Report report(workspace->profile(), printer->itemFactory());
+    report.load(file);
+    const QString patientFields = QStringLiteral("field:/patient/");
+    for (const ReportItem* item : report.reportItems()) {
+        if (item->key().startsWith(patientFields))
+            patientColumns->append(item->key().mid(patientFields.size()));
+    }
+    return true;
+}
+
+int PrintTool::print(const ToolArguments& arguments, ReportPrinter* printer, Workspace* workspace)
 {
     if (!chooseTemplate(arguments, printer, workspace))
         return Failure;
-    QString outputFile;
-    if (arguments.destination == ToolArguments::PdfFile) {
-        outputFile = QFileInfo(arguments.outputFile).absoluteFilePath();
-        if (!QDir().mkpath(QFileInfo(outputFile).absolutePath()))
-            return fail(
-                QStringLiteral("Cannot create the folder of %1").arg(QDir::toNativeSeparators(outputFile)));
-        QFile::remove(outputFile);
-        auto* reportPrinter = qobject_cast<ReportPrinter*>(printer);
-        if (!reportPrinter)
-            return fail(QStringLiteral("The report plug-in cannot write PDF files"));
-        reportPrinter->setOutputFileName(outputFile);
-    }
-
+    const JobTemplate& job = jobTemplateOf(arguments.command);
+    QStringList patientColumns;
+    if (!checkTemplate(QString::fromLatin1(job.settingKey), printer, workspace, &patientColumns))
+        return Failure;
     Profile* profile = workspace->profile();
     if (arguments.archival)
         profile->setValue(QStringLiteral("report/pdfa"), true, false);
+    const bool patientJob =
+        arguments.command == ToolArguments::Patients || arguments.command == ToolArguments::Samples;
+    WorkspacePreflight preflight(profile);
+    preflight.addPatientColumns(patientColumns);
+    if (!preflight.check(arguments.command))
+        return fail(preflight.errorString());
+
     ReportSources sources(profile);
-    // Every page is bound once before printing, so that nothing overprints unannounced.
-    OverflowPreflight preflight(workspace);
-    const DataStorage::StoreMode mode = storeMode(arguments.destination);
-    bool stored = false;
+    QList<qint64> ids = arguments.ids;
+    std::vector<std::unique_ptr<QcSeries>> series;
+    Workbench workbench;
+    bool found = true;
     switch (arguments.command) {
     case ToolArguments::Patients:
-    case ToolArguments::Samples: {
-        QList<qint64> ids = arguments.ids;
-        const bool found = arguments.command == ToolArguments::Patients
-                               ? sources.checkPatients(ids)
-                               : sources.patientsOfSamples(arguments.sampleNumbers, &ids);
-        if (!found)
-            return fail(sources.errorString());
+        found = sources.checkPatients(ids);
+        break;
+    case ToolArguments::Samples:
+        found = sources.patientsOfSamples(arguments.sampleNumbers, &ids);
+        break;
+    case ToolArguments::Qc:
+        found = sources.qcSeries(arguments.ids, arguments.from, arguments.to, &series);
+        break;
+    case ToolArguments::Maintenance:
+        found = sources.workbench(arguments.workbenchId, &workbench);
+        break;
+    default:
+        return fail(tr("没有要打印的内容"), UsageError);
+    }
+    if (!found)
+        return fail(sources.errorString());
+    if (patientJob) {
         const QStringList qcSamples = sources.qcSamples(ids);
-        if (!qcSamples.isEmpty() && profile->value(QStringLiteral("report/qc")).toString().isEmpty() &&
-            !InformationLog::isInteractive())
-            fail(QStringLiteral(
-                     "No template chosen for QC samples (profile key report/qc): %1 will be left out")
-                     .arg(qcSamples.join(QStringLiteral(", "))));
-        if (!OverflowPreflight::passes(preflight.patients(ids), arguments.strict))
+        if (!qcSamples.isEmpty()) {
+            if (profile->value(QStringLiteral("report/qc")).toString().isEmpty() &&
+                !InformationLog::isInteractive())
+                fail(tr("没有为质控样本选择模板 (配置项 report/qc): 样本 %1 不会打印")
+                         .arg(qcSamples.join(QStringLiteral(", "))));
+            else if (!checkTemplate(QStringLiteral("report/qc"), printer, workspace, &patientColumns))
+                return Failure;
+            preflight.addPatientColumns(patientColumns);
+            if (!preflight.check(arguments.command))
+                return fail(preflight.errorString());
+        }
+    }
+
+    std::unique_ptr<PdfOutput> output;
+    if (arguments.destination == ToolArguments::PdfFile) {
+        output = std::make_unique<PdfOutput>(arguments.outputFile);
+        if (!output->open())
+            return fail(output->errorString());
+        printer->setOutputFileName(output->writeFileName());
+    }
+
+    // Every page is bound once before printing, so that nothing overprints unannounced.
+    OverflowPreflight overflow(workspace);
+    const DataStorage::StoreMode mode = storeMode(arguments.destination);
+    bool stored = false;
+    if (patientJob) {
+        if (!OverflowPreflight::passes(overflow.patients(ids), arguments.strict))
             return Failure;
         stored = printer->store(ids, profile->dataDatabase(), mode);
-        break;
-    }
-    case ToolArguments::Qc: {
-        std::vector<std::unique_ptr<QcSeries>> series;
-        if (!sources.qcSeries(arguments.ids, arguments.from, arguments.to, &series))
-            return fail(sources.errorString());
+    } else if (arguments.command == ToolArguments::Qc) {
         QList<QcExportData*> data;
         for (const auto& one : series)
             data.append(one->data());
-        if (!OverflowPreflight::passes(preflight.qc(data), arguments.strict))
+        if (!OverflowPreflight::passes(overflow.qc(data), arguments.strict))
             return Failure;
         stored = printer->store(data, mode);
-        break;
-    }
-    case ToolArguments::Maintenance: {
-        Workbench workbench;
-        if (!sources.workbench(arguments.workbenchId, &workbench))
-            return fail(sources.errorString());
+    } else {
         MaintenanceExportData data;
         data.workbench = &workbench;
         data.month = arguments.month;
-        if (!OverflowPreflight::passes(preflight.maintenance(data), arguments.strict))
+        if (!OverflowPreflight::passes(overflow.maintenance(data), arguments.strict))
             return Failure;
         stored = printer->store(&data, mode);
-        break;
     }
-    default:
-        return fail(QStringLiteral("Nothing to print"), UsageError);
+    const QString target = nativePath(QFileInfo(arguments.outputFile).absoluteFilePath());
+    if (!stored) {
+        const QString failed = output ? tr("没有写出 %1").arg(target) : tr("打印失败");
+        return fail(patientJob ? tr("%1; 没有记录打印时间").arg(failed) : failed);
     }
-    if (!stored)
-        return fail(QStringLiteral("Printing failed"));
-    if (!outputFile.isEmpty()) {
-        if (!QFileInfo(outputFile).isFile())
-            return fail(QStringLiteral("No PDF was written to %1").arg(QDir::toNativeSeparators(outputFile)));
-        say(QStringLiteral("Wrote %1").arg(QDir::toNativeSeparators(outputFile)));
+    if (output) {
+        if (!output->commit())
+            return fail(output->errorString());
+        say(tr("已写出 %1").arg(target));
     }
     return Success;
 }

@@ -5,7 +5,7 @@
 #include <kvcore/qcdatareader.h>
 #include <kvcore/sample.h>
 
-#include <QSqlError>
+#include <QDir>
 #include <QSqlQuery>
 
 namespace coagulation {
@@ -20,13 +20,13 @@ bool ReportSources::checkPatients(const QList<qint64>& ids)
 {
     QSqlQuery query(m_profile->dataDatabase());
     if (!query.prepare(QStringLiteral("select 1 from patient where id = :id")))
-        return fail(QStringLiteral("Cannot read the patients: %1").arg(query.lastError().text()));
+        return fail(tr("无法读取病人表"));
     for (qint64 id : ids) {
         query.bindValue(QStringLiteral(":id"), id);
         if (!query.exec())
-            return fail(QStringLiteral("Cannot read the patients: %1").arg(query.lastError().text()));
+            return fail(tr("无法读取病人表"));
         if (!query.next())
-            return fail(QStringLiteral("No patient with id %1").arg(id));
+            return fail(tr("没有编号为 %1 的病人").arg(id));
     }
     return true;
 }
@@ -36,13 +36,13 @@ bool ReportSources::patientsOfSamples(const QStringList& sampleNumbers, QList<qi
     QSqlQuery query(m_profile->dataDatabase());
     if (!query.prepare(
             QStringLiteral("select id from patient where sampleNo = :sampleNo order by id desc limit 1")))
-        return fail(QStringLiteral("Cannot read the patients: %1").arg(query.lastError().text()));
+        return fail(tr("无法读取病人表"));
     for (const QString& sampleNo : sampleNumbers) {
         query.bindValue(QStringLiteral(":sampleNo"), sampleNo);
         if (!query.exec())
-            return fail(QStringLiteral("Cannot read the patients: %1").arg(query.lastError().text()));
+            return fail(tr("无法读取病人表"));
         if (!query.next())
-            return fail(QStringLiteral("No sample with the number '%1'").arg(sampleNo));
+            return fail(tr("没有样本号为 '%1' 的样本").arg(sampleNo));
         ids->append(query.value(0).toLongLong());
     }
     return true;
@@ -71,11 +71,17 @@ bool ReportSources::qcSeries(const QList<qint64>& reagentIds, const QDate& from,
     QcDataReader reader(m_profile);
     const QList<qint64> ids = reagentIds.isEmpty() ? reader.reagentIds() : reagentIds;
     if (ids.isEmpty())
-        return fail(QStringLiteral("The QC database holds no reagents"));
+        return fail(tr("质控数据库 %1 中没有试剂")
+                        .arg(QDir::toNativeSeparators(m_profile->databasePath(QStringLiteral("qc")))));
+    QSqlQuery reagent(m_profile->qcDatabase());
+    reagent.prepare(QStringLiteral("select 1 from reagent where id = :id"));
     for (qint64 id : ids) {
+        reagent.bindValue(QStringLiteral(":id"), id);
+        if (!reagent.exec() || !reagent.next())
+            return fail(tr("没有编号为 %1 的试剂").arg(id));
         std::unique_ptr<QcSeries> one = reader.read(id, from, to);
         if (!one)
-            return fail(reader.errorString());
+            return fail(tr("无法读取试剂 %1 的质控数据").arg(id));
         series->push_back(std::move(one));
     }
     return true;
@@ -85,7 +91,8 @@ bool ReportSources::workbench(qint64 id, Workbench* workbench)
 {
     const QList<Workbench> all = MaintenanceRecords(m_profile).workbenches();
     if (all.isEmpty())
-        return fail(QStringLiteral("The QC database holds no workbenches"));
+        return fail(tr("质控数据库 %1 中没有工作台")
+                        .arg(QDir::toNativeSeparators(m_profile->databasePath(QStringLiteral("qc")))));
     if (id == 0) {
         *workbench = all.first();
         return true;
@@ -96,7 +103,7 @@ bool ReportSources::workbench(qint64 id, Workbench* workbench)
             return true;
         }
     }
-    return fail(QStringLiteral("No workbench with id %1").arg(id));
+    return fail(tr("没有编号为 %1 的工作台").arg(id));
 }
 
 } // namespace coagulation

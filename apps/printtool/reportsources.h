@@ -3,6 +3,7 @@
 #include <kvcore/qcseries.h>
 #include <kvcore/workbench.h>
 
+#include <QCoreApplication>
 #include <QDate>
 #include <QList>
 #include <QString>
@@ -19,6 +20,7 @@ class Profile;
 // for whatever is not there.
 class ReportSources
 {
+    Q_DECLARE_TR_FUNCTIONS(coagulation::PrintTool)
 public:
     explicit ReportSources(Profile* profile) : m_profile(profile) {}
 

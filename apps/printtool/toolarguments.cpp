@@ -8,118 +8,252 @@ namespace coagulation {
 
 namespace {
 
-struct OptionUse
+using Commands = QList<ToolArguments::Command>;
+
+const Commands printCommands = {ToolArguments::Patients, ToolArguments::Samples, ToolArguments::Qc,
+                                ToolArguments::Maintenance};
+const Commands workspaceCommands = printCommands + Commands{ToolArguments::Templates, ToolArguments::Check};
+
+struct OptionSpec
 {
-    const char* name;
-    QList<ToolArguments::Command> commands; // where the option means something
+    QStringList names;
+    const char* valueName; // null for a switch
+    const char* description;
+    Commands commands; // where the option means something; empty: everywhere
 };
 
-const QList<ToolArguments::Command> printCommands = {ToolArguments::Patients, ToolArguments::Samples,
-                                                     ToolArguments::Qc, ToolArguments::Maintenance};
-
-const QList<OptionUse>& optionUses()
+const QList<OptionSpec>& optionSpecs()
 {
-    static const QList<OptionUse> uses = {
-        {"profile", printCommands + QList<ToolArguments::Command>{ToolArguments::Templates}},
-        {"template-dir", printCommands + QList<ToolArguments::Command>{ToolArguments::Templates}},
-        {"template", printCommands},
-        {"output", printCommands},
-        {"dialog", printCommands},
-        {"preview", printCommands},
-        {"strict", printCommands},
-        {"pdfa", printCommands},
-        {"from", {ToolArguments::Qc}},
-        {"to", {ToolArguments::Qc}},
-        {"month", {ToolArguments::Maintenance}},
-        {"workbench", {ToolArguments::Maintenance}},
-        {"patients", {ToolArguments::Demo}},
-        {"template-source", {ToolArguments::Demo}},
+    static const QList<OptionSpec> specs = {
+        {{QStringLiteral("p"), QStringLiteral("profile")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "文件"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "工作区的配置文件 (INI 文件)"),
+         workspaceCommands},
+        {{QStringLiteral("template-dir")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "文件夹"),
+         QT_TRANSLATE_NOOP(
+             "coagulation::ToolArguments",
+             "模板文件夹 (默认: 配置中的 \"report/templateDirectory\", 否则为配置文件旁的 \"templates\")"),
+         workspaceCommands},
+        {{QStringLiteral("template")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "名称"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "用此模板代替记住的模板打印 (不会记住)"),
+         printCommands},
+        {{QStringLiteral("o"), QStringLiteral("output")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "文件"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "写出 PDF 文件, 而不是在默认打印机上打印"),
+         printCommands},
+        {{QStringLiteral("dialog")},
+         nullptr,
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "先在打印对话框中选择打印机"),
+         printCommands},
+        {{QStringLiteral("preview")},
+         nullptr,
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "显示打印预览, 可从中打印"),
+         printCommands},
+        {{QStringLiteral("strict")},
+         nullptr,
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments",
+                           "页面内容超出模板给它的位置时任务失败, 什么也不打印 (否则只是警告)"),
+         printCommands},
+        {{QStringLiteral("pdfa")},
+         nullptr,
+         QT_TRANSLATE_NOOP(
+             "coagulation::ToolArguments",
+             "把 PDF 写成 PDF/A-1b 以便归档 (只对本次运行; 配置中 \"report/pdfa\" = true 时为默认)"),
+         printCommands},
+        {{QStringLiteral("from")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "日期"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "只包括此日期起测定的结果 (yyyy-MM-dd)"),
+         {ToolArguments::Qc}},
+        {{QStringLiteral("to")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "日期"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "只包括此日期止测定的结果 (yyyy-MM-dd)"),
+         {ToolArguments::Qc}},
+        {{QStringLiteral("month")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "月份"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "月份, yyyy-MM (必需)"),
+         {ToolArguments::Maintenance}},
+        {{QStringLiteral("workbench")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "编号"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "工作台 (默认: 第一个)"),
+         {ToolArguments::Maintenance}},
+        {{QStringLiteral("patients")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "数量"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "生成的病人样本数 (默认 200)"),
+         {ToolArguments::Demo}},
+        {{QStringLiteral("template-source")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "文件夹"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "复制默认模板的来源文件夹"),
+         {ToolArguments::Demo}},
+        {{QStringLiteral("force")},
+         nullptr,
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments",
+                           "文件夹不为空时也写入 (替换其中的数据库, 配置和模板)"),
+         {ToolArguments::Demo}},
+        {{QStringLiteral("language")},
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "语言"),
+         QT_TRANSLATE_NOOP(
+             "coagulation::ToolArguments",
+             "界面, 报告以及演示模板和数据的语言: zh_CN (默认) 或 en (默认取自 LANGUAGE, LC_ALL 或 LANG)"),
+         {}},
+        {{QStringLiteral("h"), QStringLiteral("help")},
+         nullptr,
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "显示帮助"),
+         {}},
+        {{QStringLiteral("version")},
+         nullptr,
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "显示版本"),
+         {}},
     };
-    return uses;
+    return specs;
 }
 
-void addOptions(QCommandLineParser& parser)
+struct CommandSpec
 {
-    parser.addOptions({
-        {{QStringLiteral("p"), QStringLiteral("profile")}, QString(), QStringLiteral("file")},
-        {QStringLiteral("template-dir"), QString(), QStringLiteral("folder")},
-        {QStringLiteral("template"), QString(), QStringLiteral("name")},
-        {{QStringLiteral("o"), QStringLiteral("output")}, QString(), QStringLiteral("file")},
-        {QStringLiteral("dialog"), QString()},
-        {QStringLiteral("preview"), QString()},
-        {QStringLiteral("strict"), QString()},
-        {QStringLiteral("pdfa"), QString()},
-        {QStringLiteral("from"), QString(), QStringLiteral("date")},
-        {QStringLiteral("to"), QString(), QStringLiteral("date")},
-        {QStringLiteral("month"), QString(), QStringLiteral("month")},
-        {QStringLiteral("workbench"), QString(), QStringLiteral("id")},
-        {QStringLiteral("patients"), QString(), QStringLiteral("count")},
-        {QStringLiteral("template-source"), QString(), QStringLiteral("folder")},
-        {{QStringLiteral("h"), QStringLiteral("help")}, QString()},
-        Language::option(),
-    });
+    ToolArguments::Command command;
+    QString name;
+    const char* arguments;
+    const char* summary;
+    const char* description;
+};
+
+const QList<CommandSpec>& commandSpecs()
+{
+    static const QList<CommandSpec> specs = {
+        {ToolArguments::Patients, QStringLiteral("patients"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "病人编号..."),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "按病人编号打印病人结果报告"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments",
+                           "按病人编号 (\"patient\" 表的 id) 打印病人结果报告, 每位病人一页.")},
+        {ToolArguments::Samples, QStringLiteral("samples"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "样本号..."),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "按样本号打印病人结果报告"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments",
+                           "按样本号打印病人结果报告, 取该样本号最新的样本, 每个样本一页.")},
+        {ToolArguments::Qc, QStringLiteral("qc"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "[试剂编号...]"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "打印质控报告"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments",
+                           "打印质控报告, 每个试剂一个序列 (未给出时为全部试剂), 每个序列从新的一页开始.")},
+        {ToolArguments::Maintenance, QStringLiteral("maintenance"), "",
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "打印一个月的维护记录报告"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "打印一个月 (--month) 的维护记录报告, 总是一页.")},
+        {ToolArguments::Templates, QStringLiteral("templates"), "",
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "列出模板"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "列出每种报告类型的模板和配置中记住的模板.")},
+        {ToolArguments::Check, QStringLiteral("check"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "[模板文件...]"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "检查模板是否完整"),
+         QT_TRANSLATE_NOOP(
+             "coagulation::ToolArguments",
+             "检查模板文件是否完整可读: 文件头可用, 每个项目都能读出, 文件在最后一个项目处结束. 未给出文件时"
+             "检查工作区模板文件夹中的全部模板. 有模板损坏时退出状态为 1.")},
+        {ToolArguments::Demo, QStringLiteral("demo"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "文件夹"),
+         QT_TRANSLATE_NOOP("coagulation::ToolArguments", "建立演示工作区"),
+         QT_TRANSLATE_NOOP(
+             "coagulation::ToolArguments",
+             "在文件夹中建立演示工作区: profile.ini, 用生成的实验室数据填充的三个数据库, templates "
+             "中的默认模板, "
+             "以及配置中的模板选择. 文件夹不为空时需要 --force.")},
+    };
+    return specs;
+}
+
+const CommandSpec* commandSpec(ToolArguments::Command command)
+{
+    for (const CommandSpec& spec : commandSpecs()) {
+        if (spec.command == command)
+            return &spec;
+    }
+    return nullptr;
+}
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("coagulation::ToolArguments", text);
+}
+
+// "-p" or "--profile"
+QString dashed(const QString& name)
+{
+    return (name.size() == 1 ? QStringLiteral("-") : QStringLiteral("--")) + name;
+}
+
+// Columns as a terminal shows them: Chinese characters take two.
+int displayWidth(const QString& text)
+{
+    int width = 0;
+    for (const QChar c : text)
+        width += c.unicode() >= 0x1100 ? 2 : 1;
+    return width;
+}
+
+QString table(const QList<QPair<QString, QString>>& rows)
+{
+    int width = 0;
+    for (const auto& row : rows)
+        width = qMax(width, displayWidth(row.first));
+    QString text;
+    for (const auto& row : rows)
+        text += QStringLiteral("  ") + row.first +
+                QString(width - displayWidth(row.first) + 2, QLatin1Char(' ')) + row.second +
+                QLatin1Char('\n');
+    return text;
+}
+
+QString optionTable(ToolArguments::Command command)
+{
+    QList<QPair<QString, QString>> rows;
+    for (const OptionSpec& spec : optionSpecs()) {
+        if (!spec.commands.isEmpty() && !spec.commands.contains(command))
+            continue;
+        QStringList names;
+        for (const QString& name : spec.names)
+            names.append(dashed(name));
+        QString left = names.join(QStringLiteral(", "));
+        if (spec.valueName)
+            left += QLatin1Char(' ') + tr(spec.valueName);
+        rows.append({left, tr(spec.description)});
+    }
+    return table(rows);
 }
 
 } // namespace
 
-QString ToolArguments::helpText()
+QString ToolArguments::helpText(Command command)
 {
-    return QStringLiteral(
-        "Usage: coagulation-print COMMAND [ARGUMENTS] [OPTIONS]\n"
-        "\n"
-        "Prints the analyser's reports through the report plug-in, the way the host application\n"
-        "does: the plug-in is found by its interface id, its printer gets a workspace made from\n"
-        "the profile, and the templates remembered in the profile are used.\n"
-        "\n"
-        "Commands:\n"
-        "  patients ID...         patient result reports, one page per patient (ids of the\n"
-        "                         \"patient\" table)\n"
-        "  samples SAMPLENO...    patient result reports by sample number (the latest sample\n"
-        "                         with that number)\n"
-        "  qc [REAGENT...]        QC report, one series per reagent id (all reagents when none\n"
-        "                         is given), each on new sheets\n"
-        "  maintenance            maintenance record report of one month (--month)\n"
-        "  templates              lists the templates of each report type and the remembered ones\n"
-        "  demo FOLDER            creates a demo workspace in FOLDER: profile.ini, the three\n"
-        "                         databases with generated laboratory data, the default templates\n"
-        "                         in FOLDER/templates, and the template choices in the profile\n"
-        "\n"
-        "Options:\n"
-        "  -p, --profile FILE     the workspace's profile (INI file); needed by every command but\n"
-        "                         demo\n"
-        "  --template-dir FOLDER  template folder (default: the profile's\n"
-        "                         \"report/templateDirectory\", else \"templates\" beside it)\n"
-        "  --template NAME        print with this template instead of the remembered one (the\n"
-        "                         choice is not remembered)\n"
-        "  -o, --output FILE      write a PDF file instead of printing on the default printer\n"
-        "  --dialog               choose the printer in a print dialog first\n"
-        "  --preview              show a print preview, from which one can print\n"
-        "  --strict               fail, printing nothing, when a page's content outgrows the room\n"
-        "                         its template gives it (otherwise that is a warning)\n"
-        "  --pdfa                 write the PDF as PDF/A-1b, for archiving (for this run; the\n"
-        "                         profile's \"report/pdfa\" = true makes it the default)\n"
-        "  --from DATE, --to DATE qc: only results measured in this range (yyyy-MM-dd)\n"
-        "  --month MONTH          maintenance: the month, yyyy-MM (required)\n"
-        "  --workbench ID         maintenance: the workbench (default: the first one)\n"
-        "  --patients COUNT       demo: number of patient samples to generate (default 200)\n"
-        "  --template-source DIR  demo: where the default templates are copied from\n"
-        "  --language NAME        zh_CN (the default) or en: the language of messages, reports\n"
-        "                         and of the demo's templates and data (default: LANGUAGE,\n"
-        "                         LC_ALL or LANG when they name English)\n"
-        "  -h, --help             shows this text\n"
-        "\n"
-        "Without --output, --dialog or --preview the reports go to the default printer. Messages\n"
-        "of the report module go to stderr unless a dialog or preview is shown. Dates and times\n"
-        "are printed in the format of the chosen language.\n"
-        "\n"
-        "Exit status: 0 printed, 1 the job failed (data or template missing, printing failed),\n"
-        "2 wrong arguments.\n"
-        "\n"
-        "Examples:\n"
-        "  coagulation-print demo out/demo\n"
-        "  coagulation-print patients 1 2 3 -p out/demo/profile.ini -o patients.pdf\n"
-        "  coagulation-print qc 1 --from 2024-06-01 --to 2024-06-28 -p out/demo/profile.ini -o qc.pdf\n"
-        "  coagulation-print maintenance --month 2024-06 -p out/demo/profile.ini --preview\n");
+    const QString program = QStringLiteral("coagulation-print");
+    if (const CommandSpec* spec = commandSpec(command)) {
+        QString usage = program + QLatin1Char(' ') + spec->name;
+        if (*spec->arguments)
+            usage += QLatin1Char(' ') + tr(spec->arguments);
+        return tr("用法: %1 [选项]").arg(usage) + QStringLiteral("\n\n") + tr(spec->description) +
+               QStringLiteral("\n\n") + tr("选项:") + QLatin1Char('\n') + optionTable(command);
+    }
+    QList<QPair<QString, QString>> commands;
+    for (const CommandSpec& spec : commandSpecs())
+        commands.append({spec.name + (*spec.arguments ? QLatin1Char(' ') + tr(spec.arguments) : QString()),
+                         tr(spec.summary)});
+    return tr("用法: %1 命令 [参数] [选项]").arg(program) + QStringLiteral("\n\n") +
+           tr("像主程序一样通过报表插件打印分析仪的报告: 按接口标识找到插件, 用配置文件建立工作区, "
+              "使用配置中记住的模板.") +
+           QStringLiteral("\n\n") + tr("命令:") + QLatin1Char('\n') + table(commands) + QLatin1Char('\n') +
+           tr("\"%1 命令 --help\" 显示该命令的选项.").arg(program) + QLatin1Char('\n') +
+           optionTable(NoCommand) + QLatin1Char('\n') +
+           tr("没有 --output, --dialog 或 --preview 时报告送到默认打印机. 不显示对话框或预览时, "
+              "报表模块的消息"
+              "写到标准错误输出.") +
+           QStringLiteral("\n\n") +
+           tr("退出状态: 0 成功, 1 任务失败 (数据或模板缺失或损坏, 打印失败, 什么也没有记录), 2 参数错误.") +
+           QStringLiteral("\n\n") + tr("示例:") + QLatin1Char('\n') +
+           QStringLiteral("  %1 demo out/demo\n"
+                          "  %1 patients 1 2 3 -p out/demo/profile.ini -o patients.pdf\n"
+                          "  %1 qc 1 --from 2024-06-01 --to 2024-06-28 -p out/demo/profile.ini -o qc.pdf\n"
+                          "  %1 maintenance --month 2024-06 -p out/demo/profile.ini --preview\n"
+                          "  %1 check -p out/demo/profile.ini\n")
+               .arg(program);
 }
 
 bool ToolArguments::fail(const QString& message)
@@ -134,7 +268,7 @@ bool ToolArguments::parseIds(const QStringList& values, const QString& what)
         bool ok = false;
         const qint64 id = value.toLongLong(&ok);
         if (!ok || id <= 0)
-            return fail(QStringLiteral("'%1' is not a %2 id (a positive whole number)").arg(value, what));
+            return fail(tr("'%1' 不是%2编号 (正整数)").arg(value, what));
         ids.append(id);
     }
     return true;
@@ -144,80 +278,92 @@ bool ToolArguments::parseDate(const QString& text, const QString& option, QDate*
 {
     *date = QDate::fromString(text, QStringLiteral("yyyy-MM-dd"));
     if (!date->isValid())
-        return fail(QStringLiteral("--%1 '%2' is not a date of the form yyyy-MM-dd").arg(option, text));
+        return fail(tr("--%1 '%2' 不是 yyyy-MM-dd 格式的日期").arg(option, text));
     return true;
 }
 
 bool ToolArguments::parse(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    addOptions(parser);
-    if (!parser.parse(arguments))
-        return fail(parser.errorText());
+    for (const OptionSpec& spec : optionSpecs())
+        parser.addOption(
+            QCommandLineOption(spec.names, QString(), spec.valueName ? QStringLiteral("x") : QString()));
+    if (!parser.parse(arguments)) {
+        const QStringList unknown = parser.unknownOptionNames();
+        if (!unknown.isEmpty())
+            return fail(tr("未知的选项 '%1'").arg(unknown.first()));
+        // The other complaint is an option without its value, or a switch given one.
+        for (const OptionSpec& spec : optionSpecs()) {
+            for (const QString& name : spec.names) {
+                const QString option = dashed(name);
+                if (spec.valueName && arguments.constLast() == option)
+                    return fail(tr("选项 %1 需要一个值").arg(option));
+                if (spec.valueName)
+                    continue;
+                for (const QString& argument : arguments) {
+                    if (argument.startsWith(option + QLatin1Char('=')))
+                        return fail(tr("选项 %1 不带值").arg(option));
+                }
+            }
+        }
+        return fail(tr("无法解析命令行"));
+    }
     language = parser.value(QStringLiteral("language"));
     bool known = true;
     Language::choose(language, &known);
     if (!known)
-        return fail(QStringLiteral("--language '%1' is not one of zh_CN and en").arg(language));
-    if (parser.isSet(QStringLiteral("help"))) {
-        command = Help;
-        return true;
-    }
+        return fail(tr("--language '%1' 不是 zh_CN 或 en").arg(language));
+    version = parser.isSet(QStringLiteral("version"));
+    help = parser.isSet(QStringLiteral("help"));
 
     QStringList positional = parser.positionalArguments();
-    if (positional.isEmpty())
-        return fail(QStringLiteral("No command given"));
-    static const QList<QPair<QString, Command>> commands = {
-        {QStringLiteral("patients"), Patients},
-        {QStringLiteral("samples"), Samples},
-        {QStringLiteral("qc"), Qc},
-        {QStringLiteral("maintenance"), Maintenance},
-        {QStringLiteral("templates"), Templates},
-        {QStringLiteral("demo"), Demo},
-    };
-    const QString name = positional.takeFirst();
-    for (const auto& entry : commands) {
-        if (entry.first == name)
-            command = entry.second;
+    const QString name = positional.isEmpty() ? QString() : positional.takeFirst();
+    for (const CommandSpec& spec : commandSpecs()) {
+        if (spec.name == name)
+            command = spec.command;
     }
+    if (version || (help && (command != NoCommand || name.isEmpty())))
+        return true;
+    if (name.isEmpty())
+        return fail(tr("没有给出命令"));
     if (command == NoCommand)
-        return fail(QStringLiteral("Unknown command '%1'").arg(name));
+        return fail(tr("未知的命令 '%1'").arg(name));
 
-    for (const OptionUse& use : optionUses()) {
-        const QString option = QString::fromLatin1(use.name);
-        if (parser.isSet(option) && !use.commands.contains(command))
-            return fail(QStringLiteral("--%1 does not apply to the command '%2'").arg(option, name));
+    for (const OptionSpec& spec : optionSpecs()) {
+        const QString option = spec.names.constLast();
+        if (parser.isSet(option) && !spec.commands.isEmpty() && !spec.commands.contains(command))
+            return fail(tr("选项 --%1 不适用于命令 '%2'").arg(option, name));
     }
 
     const bool toPdf = parser.isSet(QStringLiteral("output"));
     const bool dialog = parser.isSet(QStringLiteral("dialog"));
     const bool preview = parser.isSet(QStringLiteral("preview"));
     if (int(toPdf) + int(dialog) + int(preview) > 1)
-        return fail(QStringLiteral("Give only one of --output, --dialog and --preview"));
+        return fail(tr("只能给出 --output, --dialog 和 --preview 中的一个"));
     destination = toPdf ? PdfFile : dialog ? PrintDialog : preview ? Preview : Printer;
     outputFile = parser.value(QStringLiteral("output"));
-    strict = parser.isSet(QStringLiteral("strict"));
     if (toPdf && outputFile.isEmpty())
-        return fail(QStringLiteral("--output needs a file name"));
+        return fail(tr("--output 需要文件名"));
     profileFile = parser.value(QStringLiteral("profile"));
     templateDirectory = parser.value(QStringLiteral("template-dir"));
     templateName = parser.value(QStringLiteral("template"));
     archival = parser.isSet(QStringLiteral("pdfa"));
+    strict = parser.isSet(QStringLiteral("strict"));
     if ((printCommands.contains(command) || command == Templates) && profileFile.isEmpty())
-        return fail(QStringLiteral("The command '%1' needs a profile (--profile FILE)").arg(name));
+        return fail(tr("命令 '%1' 需要配置文件 (--profile 文件)").arg(name));
 
     switch (command) {
     case Patients:
         if (positional.isEmpty())
-            return fail(QStringLiteral("Give at least one patient id"));
-        return parseIds(positional, QStringLiteral("patient"));
+            return fail(tr("至少给出一个病人编号"));
+        return parseIds(positional, tr("病人"));
     case Samples:
         if (positional.isEmpty())
-            return fail(QStringLiteral("Give at least one sample number"));
+            return fail(tr("至少给出一个样本号"));
         sampleNumbers = positional;
         return true;
     case Qc:
-        if (!parseIds(positional, QStringLiteral("reagent")))
+        if (!parseIds(positional, tr("试剂")))
             return false;
         if (parser.isSet(QStringLiteral("from")) &&
             !parseDate(parser.value(QStringLiteral("from")), QStringLiteral("from"), &from))
@@ -226,47 +372,53 @@ bool ToolArguments::parse(const QStringList& arguments)
             !parseDate(parser.value(QStringLiteral("to")), QStringLiteral("to"), &to))
             return false;
         if (from.isValid() && to.isValid() && from > to)
-            return fail(QStringLiteral("--from %1 lies after --to %2")
-                            .arg(from.toString(Qt::ISODate), to.toString(Qt::ISODate)));
+            return fail(
+                tr("--from %1 晚于 --to %2").arg(from.toString(Qt::ISODate), to.toString(Qt::ISODate)));
         return true;
     case Maintenance: {
         if (!positional.isEmpty())
-            return fail(QStringLiteral("The command 'maintenance' takes no arguments; use --month"));
+            return fail(tr("命令 'maintenance' 不带参数; 请用 --month"));
         if (!parser.isSet(QStringLiteral("month")))
-            return fail(QStringLiteral("The command 'maintenance' needs --month yyyy-MM"));
+            return fail(tr("命令 'maintenance' 需要 --month yyyy-MM"));
         const QString text = parser.value(QStringLiteral("month"));
         month = QDate::fromString(text + QStringLiteral("-01"), QStringLiteral("yyyy-MM-dd"));
         if (!month.isValid())
-            return fail(QStringLiteral("--month '%1' is not a month of the form yyyy-MM").arg(text));
+            return fail(tr("--month '%1' 不是 yyyy-MM 格式的月份").arg(text));
         if (parser.isSet(QStringLiteral("workbench"))) {
             bool ok = false;
             workbenchId = parser.value(QStringLiteral("workbench")).toLongLong(&ok);
             if (!ok || workbenchId <= 0)
-                return fail(QStringLiteral("--workbench '%1' is not a workbench id")
-                                .arg(parser.value(QStringLiteral("workbench"))));
+                return fail(
+                    tr("--workbench '%1' 不是工作台编号").arg(parser.value(QStringLiteral("workbench"))));
         }
         return true;
     }
     case Templates:
         if (!positional.isEmpty())
-            return fail(QStringLiteral("The command 'templates' takes no arguments"));
+            return fail(tr("命令 'templates' 不带参数"));
+        return true;
+    case Check:
+        templateFiles = positional;
+        if (templateFiles.isEmpty() && profileFile.isEmpty() && templateDirectory.isEmpty())
+            return fail(
+                tr("命令 'check' 需要模板文件, 或者配置文件 (--profile 文件) 或模板文件夹 (--template-dir)"));
         return true;
     case Demo: {
         if (positional.size() != 1)
-            return fail(QStringLiteral("The command 'demo' needs exactly one folder"));
+            return fail(tr("命令 'demo' 需要且只需要一个文件夹"));
         demoFolder = positional.first();
         templateSource = parser.value(QStringLiteral("template-source"));
+        force = parser.isSet(QStringLiteral("force"));
         if (parser.isSet(QStringLiteral("patients"))) {
             bool ok = false;
             demoPatients = parser.value(QStringLiteral("patients")).toInt(&ok);
             if (!ok || demoPatients < 1 || demoPatients > 100000)
-                return fail(QStringLiteral("--patients '%1' is not a count from 1 to 100000")
+                return fail(tr("--patients '%1' 不是 1 到 100000 之间的数")
                                 .arg(parser.value(QStringLiteral("patients"))));
         }
         return true;
     }
     case NoCommand:
-    case Help:
         break;
     }
     return true;

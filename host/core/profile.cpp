@@ -20,13 +20,13 @@ public:
     QHash<QString, QVariant> transient;  // values set without persisting, and in-memory settings
     QHash<QString, QString> connections; // kind -> connection name
 
-    QString open(const QString& kind, const QString& path)
+    QString open(const QString& kind, const QString& path, bool openIt = true)
     {
         const QString name =
             QStringLiteral("profile-%1-%2").arg(QUuid::createUuid().toString(QUuid::WithoutBraces), kind);
         QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
         db.setDatabaseName(path);
-        if (!db.open())
+        if (openIt && !db.open())
             qWarning("Profile: cannot open %s database %s: %s", qPrintable(kind), qPrintable(path),
                      qPrintable(db.lastError().text()));
         connections.insert(kind, name);
@@ -41,13 +41,20 @@ Profile::Profile(QObject* parent) : QObject(parent), d(std::make_unique<ProfileP
 }
 
 Profile::Profile(const QString& fileName, QObject* parent)
+    : Profile(fileName, CreateMissingDatabases, parent)
+{
+}
+
+Profile::Profile(const QString& fileName, DatabaseMode mode, QObject* parent)
     : QObject(parent), d(std::make_unique<ProfilePrivate>())
 {
     const QFileInfo info(fileName);
     QDir().mkpath(info.absolutePath());
     d->settings = std::make_unique<QSettings>(info.absoluteFilePath(), QSettings::IniFormat);
-    for (const char* kind : databaseKinds)
-        d->open(QString::fromLatin1(kind), databasePath(QString::fromLatin1(kind)));
+    for (const char* kind : databaseKinds) {
+        const QString path = databasePath(QString::fromLatin1(kind));
+        d->open(QString::fromLatin1(kind), path, mode == CreateMissingDatabases || QFileInfo::exists(path));
+    }
 }
 
 Profile::~Profile()

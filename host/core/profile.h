@@ -21,8 +21,13 @@ class CORE_EXPORT Profile : public QObject
 public:
     // A profile whose settings stay in memory and whose databases are in-memory SQLite databases.
     explicit Profile(QObject* parent = nullptr);
+    enum DatabaseMode { CreateMissingDatabases, ExistingDatabasesOnly };
+
     // A profile over an INI file; the file and the databases are created when missing.
     explicit Profile(const QString& fileName, QObject* parent = nullptr);
+    // With ExistingDatabasesOnly a database file that is missing is neither created nor opened,
+    // so that a program never leaves an empty database where the laboratory's data ought to be.
+    Profile(const QString& fileName, DatabaseMode mode, QObject* parent = nullptr);
     ~Profile() override;
 
     QString fileName() const;

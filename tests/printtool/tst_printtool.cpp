@@ -9,10 +9,14 @@
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <csignal>
+#include <sys/resource.h>
 
 using namespace coagulation;
 
@@ -25,13 +29,22 @@ struct Run
     QString err;
 };
 
+// fileSizeLimit > 0: the tool may write no file beyond that many bytes (writes fail past it).
 Run runTool(const QStringList& arguments,
-            const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment())
+            const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment(),
+            qint64 fileSizeLimit = 0)
 {
     QProcess process;
     process.setProcessEnvironment(environment);
     process.setProgram(QCoreApplication::applicationDirPath() + QStringLiteral("/coagulation-print"));
     process.setArguments(arguments);
+    if (fileSizeLimit > 0) {
+        process.setChildProcessModifier([fileSizeLimit] {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit{rlim_t(fileSizeLimit), rlim_t(fileSizeLimit)};
+            setrlimit(RLIMIT_FSIZE, &limit);
+        });
+    }
     process.start();
     Run run;
     if (!process.waitForFinished(240000)) {
@@ -55,6 +68,28 @@ int pdfPageCount(const QString& fileName)
     const QString text = QString::fromLatin1(file.readAll());
     static const QRegularExpression page(QStringLiteral("/Type\\s*/Page(?![a-zA-Z])"));
     return int(text.count(page));
+}
+
+QByteArray fileBytes(const QString& fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// Runs SQL on a workspace's database file through a connection of its own.
+bool execOn(const QString& databaseFile, const QString& sql)
+{
+    bool ok = false;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("direct"));
+        db.setDatabaseName(databaseFile);
+        QSqlQuery query(db);
+        ok = db.open() && query.exec(sql);
+        if (!ok)
+            qWarning("%s: %s", qPrintable(sql), qPrintable(query.lastError().text()));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("direct"));
+    return ok;
 }
 
 // Standard output of a PDF tool from poppler-utils or qpdf; empty when it is missing or fails.
@@ -100,6 +135,14 @@ private Q_SLOTS:
     void missingDataFailsClearly_data();
     void missingDataFailsClearly();
     void helpDescribesTheCommands();
+    void damagedTemplatesAreRefused_data();
+    void damagedTemplatesAreRefused();
+    void brokenWorkspacesAreRefused_data();
+    void brokenWorkspacesAreRefused();
+    void failedWritesKeepTheEarlierFile_data();
+    void failedWritesKeepTheEarlierFile();
+    void lockedDatabaseFailsTheJob();
+    void demoKeepsAnExistingFolder();
     void englishDemoHoldsNoChinese_data();
     void englishDemoHoldsNoChinese();
     void chineseTemplatePrintsInEnglishSession();
@@ -107,6 +150,9 @@ private Q_SLOTS:
 private:
     QString path(const QString& name) const { return m_dir.filePath(name); }
     QString profile() const { return path(QStringLiteral("demo/profile.ini")); }
+    // A copy of the demo workspace to damage; returns its profile.
+    QString copyWorkspace(const QString& name) const;
+    QStringList printTimes() const;
 
     QTemporaryDir m_dir;
 };
@@ -202,7 +248,7 @@ void TestPrintTool::samplesArePrintedBySampleNumber()
                                profile(), QStringLiteral("-o"), pdf});
     Profile(profile()).setValue(QStringLiteral("report/qc"), qcTemplate, true);
     QVERIFY2(mixed.exitCode == 0, qPrintable(mixed.err));
-    QVERIFY2(mixed.err.contains(qcSampleNo + QStringLiteral(" will be left out")), qPrintable(mixed.err));
+    QVERIFY2(mixed.err.contains(QStringLiteral("样本 %1 不会打印").arg(qcSampleNo)), qPrintable(mixed.err));
     QCOMPARE(pdfPageCount(pdf), 1);
 }
 
@@ -328,38 +374,43 @@ void TestPrintTool::badArgumentsAreRefused_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("message");
     const QString p = QStringLiteral("--profile=") + QStringLiteral("x.ini");
-    QTest::newRow("no command") << QStringList() << QStringLiteral("No command given");
+    QTest::newRow("no command") << QStringList() << QStringLiteral("没有给出命令");
     QTest::newRow("unknown command") << QStringList{QStringLiteral("print")}
-                                     << QStringLiteral("Unknown command 'print'");
+                                     << QStringLiteral("未知的命令 'print'");
     QTest::newRow("unknown option") << QStringList{QStringLiteral("patients"), QStringLiteral("--colour")}
-                                    << QStringLiteral("Unknown option 'colour'");
+                                    << QStringLiteral("未知的选项 'colour'");
     QTest::newRow("no ids") << QStringList{QStringLiteral("patients"), p}
-                            << QStringLiteral("Give at least one patient id");
+                            << QStringLiteral("至少给出一个病人编号");
     QTest::newRow("not an id") << QStringList{QStringLiteral("patients"), QStringLiteral("12a"), p}
-                               << QStringLiteral("'12a' is not a patient id");
+                               << QStringLiteral("'12a' 不是病人编号");
     QTest::newRow("no profile") << QStringList{QStringLiteral("patients"), QStringLiteral("1")}
-                                << QStringLiteral("needs a profile");
+                                << QStringLiteral("需要配置文件");
     QTest::newRow("two destinations") << QStringList{QStringLiteral("qc"), p, QStringLiteral("-o"),
                                                      QStringLiteral("a.pdf"), QStringLiteral("--preview")}
-                                      << QStringLiteral("Give only one of --output, --dialog and --preview");
+                                      << QStringLiteral("只能给出 --output, --dialog 和 --preview 中的一个");
     QTest::newRow("bad month") << QStringList{QStringLiteral("maintenance"), p, QStringLiteral("--month"),
                                               QStringLiteral("2024-13")}
-                               << QStringLiteral("--month '2024-13' is not a month");
+                               << QStringLiteral("--month '2024-13' 不是 yyyy-MM 格式的月份");
     QTest::newRow("no month") << QStringList{QStringLiteral("maintenance"), p}
-                              << QStringLiteral("needs --month");
+                              << QStringLiteral("需要 --month");
     QTest::newRow("reversed range") << QStringList{QStringLiteral("qc"),     p,
                                                    QStringLiteral("--from"), QStringLiteral("2024-06-30"),
                                                    QStringLiteral("--to"),   QStringLiteral("2024-06-01")}
-                                    << QStringLiteral("--from 2024-06-30 lies after --to 2024-06-01");
+                                    << QStringLiteral("--from 2024-06-30 晚于 --to 2024-06-01");
     QTest::newRow("option of another command")
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), p, QStringLiteral("--month"),
                        QStringLiteral("2024-06")}
-        << QStringLiteral("--month does not apply to the command 'patients'");
+        << QStringLiteral("选项 --month 不适用于命令 'patients'");
     QTest::newRow("unknown language") << QStringList{QStringLiteral("demo"), QStringLiteral("x"),
                                                      QStringLiteral("--language"), QStringLiteral("fr")}
-                                      << QStringLiteral("--language 'fr' is not one of zh_CN and en");
+                                      << QStringLiteral("--language 'fr' 不是 zh_CN 或 en");
     QTest::newRow("demo without folder")
-        << QStringList{QStringLiteral("demo")} << QStringLiteral("needs exactly one folder");
+        << QStringList{QStringLiteral("demo")} << QStringLiteral("需要且只需要一个文件夹");
+    QTest::newRow("option without value")
+        << QStringList{QStringLiteral("patients"), QStringLiteral("1"), p, QStringLiteral("-o")}
+        << QStringLiteral("选项 -o 需要一个值");
+    QTest::newRow("check without templates")
+        << QStringList{QStringLiteral("check")} << QStringLiteral("命令 'check' 需要模板文件");
 }
 
 void TestPrintTool::badArgumentsAreRefused()
@@ -378,29 +429,29 @@ void TestPrintTool::missingDataFailsClearly_data()
     QTest::addColumn<QString>("message");
     const QStringList pdf = {QStringLiteral("-o"), path(QStringLiteral("out/never.pdf"))};
     QTest::newRow("unknown patient") << QStringList{QStringLiteral("patients"), QStringLiteral("99999")} + pdf
-                                     << QStringLiteral("No patient with id 99999");
+                                     << QStringLiteral("没有编号为 99999 的病人");
     QTest::newRow("unknown sample") << QStringList{QStringLiteral("samples"), QStringLiteral("X-1")} + pdf
-                                    << QStringLiteral("No sample with the number 'X-1'");
+                                    << QStringLiteral("没有样本号为 'X-1' 的样本");
     QTest::newRow("unknown reagent") << QStringList{QStringLiteral("qc"), QStringLiteral("999")} + pdf
-                                     << QStringLiteral("No reagent with id 999");
+                                     << QStringLiteral("没有编号为 999 的试剂");
     QTest::newRow("unknown workbench")
         << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"), QStringLiteral("2024-06"),
                        QStringLiteral("--workbench"), QStringLiteral("9")} +
                pdf
-        << QStringLiteral("No workbench with id 9");
+        << QStringLiteral("没有编号为 9 的工作台");
     QTest::newRow("unknown template")
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--template"),
                        QStringLiteral("无此模板")} +
                pdf
-        << QStringLiteral("No template '无此模板' for patient result reports");
+        << QStringLiteral("中没有名为 '无此模板' 的病人结果报告模板");
     QTest::newRow("preview without display")
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--preview")}
-        << QStringLiteral("--dialog and --preview need a display");
+        << QStringLiteral("--dialog 和 --preview 需要图形显示");
     // Neither a platform nor a display named: nothing the platform plug-in could abort on.
     QTest::newRow("dialog without any display")
         << QStringList{QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("--dialog"),
                        QStringLiteral("--no-platform")}
-        << QStringLiteral("--dialog and --preview need a display");
+        << QStringLiteral("--dialog 和 --preview 需要图形显示");
 }
 
 void TestPrintTool::missingDataFailsClearly()
@@ -420,7 +471,9 @@ void TestPrintTool::missingDataFailsClearly()
     const Run missing = runTool({QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("-p"),
                                  path(QStringLiteral("nowhere/profile.ini"))});
     QCOMPARE(missing.exitCode, 1);
-    QVERIFY2(missing.err.contains(QStringLiteral("does not exist")), qPrintable(missing.err));
+    QVERIFY2(missing.err.contains(
+                 QStringLiteral("配置文件 %1 不存在").arg(path(QStringLiteral("nowhere/profile.ini")))),
+             qPrintable(missing.err));
     QVERIFY(!QFile::exists(path(QStringLiteral("nowhere/profile.ini"))));
 }
 
@@ -428,9 +481,251 @@ void TestPrintTool::helpDescribesTheCommands()
 {
     const Run run = runTool({QStringLiteral("--help")});
     QCOMPARE(run.exitCode, 0);
-    for (const char* word : {"patients", "samples", "qc", "maintenance", "templates", "demo", "--output",
-                             "--preview", "--dialog", "--month", "--profile", "--pdfa"})
+    for (const char* word :
+         {"patients", "samples", "qc", "maintenance", "templates", "check", "demo", "--help", "--version"})
         QVERIFY2(run.out.contains(QLatin1String(word)), word);
+    // Each command's help shows its own options only.
+    const Run patients = runTool({QStringLiteral("patients"), QStringLiteral("--help")});
+    QCOMPARE(patients.exitCode, 0);
+    QVERIFY2(patients.out.startsWith(QStringLiteral("用法: coagulation-print patients")),
+             qPrintable(patients.out));
+    for (const char* word : {"--profile", "--output", "--preview", "--dialog", "--template", "--pdfa"})
+        QVERIFY2(patients.out.contains(QLatin1String(word)), word);
+    QVERIFY(!patients.out.contains(QLatin1String("--month")));
+    const Run demo = runTool({QStringLiteral("demo"), QStringLiteral("-h")});
+    QVERIFY(demo.out.contains(QLatin1String("--force")) && !demo.out.contains(QLatin1String("--output")));
+    const Run version = runTool({QStringLiteral("--version")});
+    QCOMPARE(version.exitCode, 0);
+    QVERIFY2(version.out.startsWith(QStringLiteral("coagulation-print 1.")), qPrintable(version.out));
+}
+
+QString TestPrintTool::copyWorkspace(const QString& name) const
+{
+    const QDir source(path(QStringLiteral("demo")));
+    QDir target(path(name));
+    target.removeRecursively();
+    QDir().mkpath(target.filePath(QStringLiteral("templates")));
+    for (const QString& file : source.entryList(QDir::Files))
+        QFile::copy(source.filePath(file), target.filePath(file));
+    const QDir templates(source.filePath(QStringLiteral("templates")));
+    for (const QString& file : templates.entryList(QDir::Files))
+        QFile::copy(templates.filePath(file), target.filePath(QStringLiteral("templates/") + file));
+    return target.filePath(QStringLiteral("profile.ini"));
+}
+
+// Every patient's print time, in id order (empty when the table cannot be read).
+QStringList TestPrintTool::printTimes() const
+{
+    QStringList times;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("times"));
+        db.setDatabaseName(path(QStringLiteral("demo/data.db")));
+        QSqlQuery query(db);
+        if (db.open() && query.exec(QStringLiteral("select printTime from patient order by id"))) {
+            while (query.next())
+                times.append(query.value(0).toString());
+        }
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("times"));
+    return times;
+}
+
+void TestPrintTool::damagedTemplatesAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("message");
+    QByteArray good;
+    for (const DefaultTemplate& entry : DefaultTemplates::all()) {
+        if (entry.settingKey == QLatin1String("report/template"))
+            good = fileBytes(path(QStringLiteral("demo/templates/%1.rpt").arg(entry.name())));
+    }
+    QVERIFY(good.size() > 1000);
+    QTest::newRow("cut after the header") << good.left(41) << QStringLiteral("文件在第 1 个项目处被截断");
+    QTest::newRow("cut in the middle") << good.left(good.size() / 2) << QStringLiteral("已损坏: 文件在第");
+    QTest::newRow("one byte short") << good.left(good.size() - 1) << QStringLiteral("或该项目已损坏");
+    QTest::newRow("dpi 0") << QByteArray(good).replace(5, 4, QByteArray(4, 0))
+                           << QStringLiteral("分辨率无效");
+    // The result table's row count: after its key, position (16 bytes), transform (72) and version.
+    QByteArray key;
+    QDataStream out(&key, QIODevice::WriteOnly);
+    out << QStringLiteral("Results");
+    const int at = good.indexOf(key);
+    QVERIFY(at > 0);
+    QTest::newRow("grid count") << QByteArray(good).replace(at + key.size() + 16 + 72 + 1, 4,
+                                                            QByteArray::fromHex("7fffffff"))
+                                << QStringLiteral("(Results): 模板超出限制");
+}
+
+// Nothing printed, nothing recorded; the check command finds the same damage.
+void TestPrintTool::damagedTemplatesAreRefused()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, message);
+    const QString bad = path(QStringLiteral("damaged/坏.rpt"));
+    QDir().mkpath(path(QStringLiteral("damaged")));
+    QFile file(bad);
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(bytes);
+    file.close();
+    const QStringList before = printTimes();
+    const QString pdf = path(QStringLiteral("out/damaged.pdf"));
+    const Run run =
+        runTool({QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("-p"),
+                 profile(), QStringLiteral("--template-dir"), path(QStringLiteral("damaged")),
+                 QStringLiteral("--template"), QStringLiteral("坏"), QStringLiteral("-o"), pdf});
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.err.contains(QStringLiteral("模板 %1 已损坏: ").arg(bad)) && run.err.contains(message),
+             qPrintable(run.err));
+    QVERIFY(!QFile::exists(pdf));
+    QCOMPARE(printTimes(), before);
+
+    const QString good = path(QStringLiteral("demo/templates/室内质控报告.rpt"));
+    const Run check = runTool({QStringLiteral("check"), good, bad});
+    QCOMPARE(check.exitCode, 1);
+    QVERIFY2(check.out.contains(good + QStringLiteral(": 完好")), qPrintable(check.out));
+    QVERIFY2(check.err.contains(message), qPrintable(check.err));
+    // The demo's own templates are all complete.
+    const Run all = runTool({QStringLiteral("check"), QStringLiteral("-p"), profile()});
+    QCOMPARE(all.exitCode, 0);
+    QCOMPARE(all.out.count(QStringLiteral(": 完好")), DefaultTemplates::all().size());
+}
+
+void TestPrintTool::brokenWorkspacesAreRefused_data()
+{
+    QTest::addColumn<QString>("database");
+    QTest::addColumn<QString>("sql"); // empty: the file is removed
+    QTest::addColumn<QStringList>("job");
+    QTest::addColumn<QString>("message");
+    const QStringList patients = {QStringLiteral("patients"), QStringLiteral("1"), QStringLiteral("2")};
+    QTest::newRow("no result table") << "data.db"
+                                     << "drop table result" << patients << "中没有表 \"result\"";
+    QTest::newRow("no display order")
+        << "data.db"
+        << "drop index result_patient; alter table result drop column displayOrder" << patients
+        << "的表 \"result\" 中没有列 \"displayOrder\"";
+    QTest::newRow("no assay items") << "config.db"
+                                    << "drop table assayItem" << patients << "中没有表 \"assayItem\"";
+    QTest::newRow("no print time") << "data.db"
+                                   << "alter table patient drop column printTime" << patients
+                                   << "的表 \"patient\" 中没有列 \"printTime\"";
+    QTest::newRow("no data database") << "data.db" << QString() << patients << "不存在";
+    QTest::newRow("no QC results") << "qc.db"
+                                   << "drop table qcResult" << QStringList{QStringLiteral("qc")}
+                                   << "中没有表 \"qcResult\"";
+    QTest::newRow("no QC database") << "qc.db" << QString()
+                                    << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"),
+                                                   QStringLiteral("2024-06")}
+                                    << "不存在";
+}
+
+// A job whose data is not all there prints nothing and records nothing; no database is created.
+void TestPrintTool::brokenWorkspacesAreRefused()
+{
+    QFETCH(QString, database);
+    QFETCH(QString, sql);
+    QFETCH(QStringList, job);
+    QFETCH(QString, message);
+    const QString workspace = copyWorkspace(QStringLiteral("broken"));
+    const QString file = path(QStringLiteral("broken/") + database);
+    if (sql.isEmpty()) {
+        QVERIFY(QFile::remove(file));
+    } else {
+        for (const QString& statement : sql.split(QStringLiteral("; ")))
+            QVERIFY(execOn(file, statement));
+    }
+    const QByteArray before = fileBytes(path(QStringLiteral("broken/data.db")));
+    const QString pdf = path(QStringLiteral("out/broken.pdf"));
+    const Run run = runTool(job + QStringList{QStringLiteral("-p"), workspace, QStringLiteral("-o"), pdf});
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.err.contains(QStringLiteral("数据库")) && run.err.contains(file) &&
+                 run.err.contains(message),
+             qPrintable(run.err));
+    QVERIFY(!QFile::exists(pdf));
+    QCOMPARE(fileBytes(path(QStringLiteral("broken/data.db"))), before);
+    QCOMPARE(QFile::exists(file), !sql.isEmpty());
+}
+
+void TestPrintTool::failedWritesKeepTheEarlierFile_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<qint64>("sizeLimit");
+    QTest::newRow("file size limit") << path(QStringLiteral("out/limited.pdf")) << qint64(20000);
+    QTest::newRow("full device") << QStringLiteral("/dev/full") << qint64(0);
+}
+
+// A PDF that cannot be written whole fails the job: the earlier file stays, no print time is written.
+void TestPrintTool::failedWritesKeepTheEarlierFile()
+{
+    QFETCH(QString, target);
+    QFETCH(qint64, sizeLimit);
+    if (!QFileInfo::exists(target) || QFileInfo(target).isFile()) {
+        QDir().mkpath(QFileInfo(target).absolutePath());
+        QFile earlier(target);
+        QVERIFY(earlier.open(QIODevice::WriteOnly));
+        earlier.write("earlier report");
+    }
+    const QStringList before = printTimes();
+    const Run run =
+        runTool({QStringLiteral("patients"), QStringLiteral("5"), QStringLiteral("6"), QStringLiteral("7"),
+                 QStringLiteral("-p"), profile(), QStringLiteral("-o"), target},
+                QProcessEnvironment::systemEnvironment(), sizeLimit);
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.err.contains(QStringLiteral("没有完整写出")) &&
+                 run.err.contains(QStringLiteral("没有写出 %1; 没有记录打印时间").arg(target)),
+             qPrintable(run.err));
+    QCOMPARE(printTimes(), before);
+    if (QFileInfo(target).isFile()) {
+        QCOMPARE(fileBytes(target), QByteArray("earlier report"));
+        // No temporary file is left beside it.
+        QCOMPARE(QDir(QFileInfo(target).absolutePath())
+                     .entryList(QDir::Files | QDir::Hidden)
+                     .filter(QStringLiteral("limited")),
+                 QStringList{QStringLiteral("limited.pdf")});
+    }
+}
+
+// Another program's write lock delays the job, then fails it before anything is printed.
+void TestPrintTool::lockedDatabaseFailsTheJob()
+{
+    const QStringList before = printTimes();
+    const QString pdf = path(QStringLiteral("out/locked.pdf"));
+    Run run;
+    {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("writer"));
+        db.setDatabaseName(path(QStringLiteral("demo/data.db")));
+        QVERIFY(db.open());
+        QSqlQuery lock(db);
+        QVERIFY(lock.exec(QStringLiteral("begin immediate")));
+        run = runTool({QStringLiteral("patients"), QStringLiteral("3"), QStringLiteral("-p"), profile(),
+                       QStringLiteral("-o"), pdf});
+        QVERIFY(lock.exec(QStringLiteral("rollback")));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("writer"));
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.err.contains(QStringLiteral("数据库正被其他程序写入")), qPrintable(run.err));
+    QVERIFY(!QFile::exists(pdf));
+    QCOMPARE(printTimes(), before);
+}
+
+void TestPrintTool::demoKeepsAnExistingFolder()
+{
+    const QByteArray data = fileBytes(path(QStringLiteral("demo/data.db")));
+    const QByteArray settings = fileBytes(profile());
+    const Run run = runTool({QStringLiteral("demo"), path(QStringLiteral("demo"))});
+    QCOMPARE(run.exitCode, 1);
+    QVERIFY2(run.err.contains(QStringLiteral("文件夹 %1 不是空的").arg(path(QStringLiteral("demo")))) &&
+                 run.err.contains(QStringLiteral("--force")),
+             qPrintable(run.err));
+    QCOMPARE(fileBytes(path(QStringLiteral("demo/data.db"))), data);
+    QCOMPARE(fileBytes(profile()), settings);
+
+    const QString again = copyWorkspace(QStringLiteral("again"));
+    const Run forced =
+        runTool({QStringLiteral("demo"), path(QStringLiteral("again")), QStringLiteral("--force"),
+                 QStringLiteral("--patients"), QStringLiteral("3")});
+    QVERIFY2(forced.exitCode == 0, qPrintable(forced.err));
+    QVERIFY(fileBytes(path(QStringLiteral("again/data.db"))) != data);
+    QVERIFY(QFile::exists(again));
 }
 
 QTEST_MAIN(TestPrintTool)

@@ -5,6 +5,7 @@
 #include <itemfactory.h>
 #include <report.h>
 #include <reportitem.h>
+#include <templatecheck.h>
 #include <tracker.h>
 
 #include <QBuffer>
@@ -173,6 +174,8 @@ private Q_SLOTS:
     void loadAddsToScene();
     void everyTruncation();
     void damagedFrames();
+    void templateCheck_data();
+    void templateCheck();
     void hostileTemplates_data();
     void hostileTemplates();
     void htmlReadsNothingOutside();
@@ -554,6 +557,103 @@ void tst_TemplateFile::damagedFrames()
             QVERIFY2(!loaded.errorString().isEmpty(), where);
         QVERIFY2(loaded.reportItems().size() <= report.reportItems().size(), where);
     }
+}
+
+void tst_TemplateFile::templateCheck_data()
+{
+    QTest::addColumn<QByteArray>("bytes"); // null: no file at all
+    QTest::addColumn<QString>("error");    // empty: the template is complete
+
+    Profile profile;
+    ItemFactory factory(&profile);
+    Report report(&profile, &factory);
+    report.setType(kv::PatientReport);
+    fill(report, &profile);
+    const QList<ReportItem*> items = report.reportItems();
+    const QByteArray bytes = saved(report);
+    const QString count = QString::number(items.size());
+    QList<int> starts{41}; // where each record begins, and the end
+    for (ReportItem* item : items)
+        starts.append(starts.constLast() + framed(report, item).size());
+    auto indexOf = [&](const QString& key) {
+        for (int i = 0; i < items.size(); ++i) {
+            if (items.at(i)->key() == key)
+                return i;
+        }
+        return -1;
+    };
+    auto patched = [&](int at, const QByteArray& with) {
+        return QByteArray(bytes).replace(at, with.size(), with);
+    };
+    auto doubleBytes = [](double value) {
+        QByteArray out;
+        QDataStream(&out, QIODevice::WriteOnly) << value;
+        return out;
+    };
+
+    QTest::newRow("complete") << bytes << QString();
+    QTest::newRow("no file") << QByteArray() << QStringLiteral("文件不存在");
+    QTest::newRow("cut in the header") << bytes.left(20) << QStringLiteral("错误的文件格式");
+    QTest::newRow("cut after the header")
+        << bytes.left(41) << QStringLiteral("文件在第 1 个项目处被截断 (共 %1 个项目)").arg(count);
+    QTest::newRow("cut in a frame") << bytes.left(starts.at(1) + 3)
+                                    << QStringLiteral("文件在第 2 个项目处被截断 (共 %1 个项目)").arg(count);
+    QTest::newRow("cut in a payload")
+        << bytes.left(starts.at(2) - 3)
+        << QStringLiteral("文件在第 2 个项目 (%1) 中结束, 或该项目已损坏 (共 %2 个项目)")
+               .arg(items.at(1)->key(), count);
+    QTest::newRow("one byte short") << bytes.left(bytes.size() - 1)
+                                    << QStringLiteral(
+                                           "文件在第 %1 个项目 (%2) 中结束, 或该项目已损坏 (共 %1 个项目)")
+                                           .arg(count, items.constLast()->key());
+    QTest::newRow("trailing bytes") << bytes + "xyz"
+                                    << QStringLiteral("最后一个项目之后还有 3 字节多余的数据");
+    QTest::newRow("dpi 0") << patched(5, QByteArray(4, 0)) << QStringLiteral("分辨率无效: 0 x 96 dpi");
+    QTest::newRow("dpi negative") << patched(9, QByteArray::fromHex("ffffffa0"))
+                                  << QStringLiteral("分辨率无效: 96 x -96 dpi");
+    QTest::newRow("page width negative")
+        << patched(21, doubleBytes(-210)) << QStringLiteral("纸张尺寸无效: -210 x 297 mm");
+    QTest::newRow("page height 0") << patched(29, doubleBytes(0))
+                                   << QStringLiteral("纸张尺寸无效: 210 x 0 mm");
+    QTest::newRow("negative count") << bytes.left(37) + QByteArray::fromHex("ffffffff")
+                                    << QStringLiteral("项目数无效: -1");
+
+    const int image = indexOf(QStringLiteral("Image"));
+    const int png = bytes.indexOf("\x89PNG", starts.at(image));
+    QVERIFY(image >= 0 && png > 0 && png < starts.at(image + 1));
+    QTest::newRow("undecodable image")
+        << patched(png + 1, "XXX")
+        << QStringLiteral("文件在第 %1 个项目 (Image) 中结束, 或该项目已损坏 (共 %2 个项目)")
+               .arg(image + 1)
+               .arg(count);
+    // The result table's row count follows its frame (key, position, transform) and version byte.
+    const int table = indexOf(QStringLiteral("Results"));
+    QVERIFY(table >= 0);
+    const int rows = starts.at(table + 1) - payloadOf(items.at(table)).size() + 1;
+    QTest::newRow("over-large grid count")
+        << patched(rows, QByteArray::fromHex("7fffffff"))
+        << QStringLiteral("第 %1 个项目 (Results): 模板超出限制：一个表格的单元格数不能超过 100000。")
+               .arg(table + 1);
+
+    Report unknown(&profile, &factory);
+    unknown.setType(kv::QcReport);
+    place(unknown, new ReportRectItem, "Gadget", {5, 50});
+    place(unknown, new ReportLineItem, "Line", {5, 90});
+    QTest::newRow("unknown key") << saved(unknown) << QStringLiteral("第 2 个项目: 无法创建 Gadget 对象");
+}
+
+// Whatever Report::load makes of a damaged template, the check names the damage and the item.
+void tst_TemplateFile::templateCheck()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, error);
+    const QString fileName = dir.filePath(QStringLiteral("checked.rpt"));
+    QFile::remove(fileName);
+    if (!bytes.isNull())
+        QVERIFY(writeFile(fileName, bytes));
+    TemplateCheck check(factory.get());
+    QCOMPARE(check.check(fileName), error.isEmpty());
+    QCOMPARE(check.errorString(), error);
 }
 
 // Templates made to hang, crash or exhaust the loader: each loads to what it can show, or is
