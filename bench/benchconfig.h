@@ -11,6 +11,8 @@ struct BenchConfig
     int scalingSmall = 10; // per-page time and peak memory at the large count over the small one
     int scalingLarge = 1000;
     int qcPoints = 10000;
+    int qcShortPoints = 900;  // a 30-page QC report (30 points a page) ...
+    int qcShortPatients = 30; // ... against the same number of patient pages
     int templateItems = 2000;
     int templateItemsSmall = 200; // per-item load time at templateItems over this size
     int dragSmall = 100;
@@ -26,6 +28,8 @@ struct BenchConfig
         config.scalingSmall = 1;
         config.scalingLarge = 3;
         config.qcPoints = 300;
+        config.qcShortPoints = 60;
+        config.qcShortPatients = 2;
         config.templateItems = 50;
         config.templateItemsSmall = 10;
         config.dragSmall = 5;

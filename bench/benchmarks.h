@@ -26,9 +26,9 @@ inline std::string maintenancePeakMemory()
 {
     return "memory/maintenance";
 }
-inline std::string qc(const char* side)
+inline std::string qc(const char* side, int points)
 {
-    return "qc/" + std::string(side);
+    return "qc/" + std::string(side) + '/' + std::to_string(points);
 }
 inline std::string templateFile(const char* what, int items) // what: "load" or "save"
 {

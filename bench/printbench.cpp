@@ -181,16 +181,32 @@ void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspac
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime()
         ->Iterations(1);
-    benchmark::RegisterBenchmark(name::qc("ours").c_str(), printQc, workspace, config.qcPoints)
+    benchmark::RegisterBenchmark(name::qc("ours", config.qcPoints).c_str(), printQc, workspace,
+                                 config.qcPoints)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime()
         ->Iterations(1)
         ->Repetitions(config.repetitions);
-    benchmark::RegisterBenchmark(name::qc("floor").c_str(), qcFloor, workspace, config.qcPoints)
+    benchmark::RegisterBenchmark(name::qc("floor", config.qcPoints).c_str(), qcFloor, workspace,
+                                 config.qcPoints)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime()
         ->Iterations(1)
         ->Repetitions(config.repetitions);
+    // A short QC report beside a patient job of as many pages: what a QC page costs over a patient page.
+    benchmark::RegisterBenchmark(name::qc("ours", config.qcShortPoints).c_str(), printQc, workspace,
+                                 config.qcShortPoints)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Iterations(3)
+        ->Repetitions(config.repetitions);
+    if (!config.patientCounts.contains(config.qcShortPatients))
+        benchmark::RegisterBenchmark(name::patients("ours", config.qcShortPatients).c_str(), printPatients,
+                                     workspace, config.qcShortPatients)
+            ->Unit(benchmark::kMillisecond)
+            ->UseRealTime()
+            ->Iterations(3)
+            ->Repetitions(config.repetitions);
 }
 
 int runPrintChild(const QStringList& arguments)

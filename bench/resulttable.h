@@ -40,7 +40,7 @@ private:
 
     void addPrintRows();
     void addMemoryRow();
-    void addQcRow();
+    void addQcRows();
     void addTemplateRows();
     void addDragRows();
     void addRow(const QString& what, const Figure& ours, const Figure& reference, QString (*format)(double),

@@ -202,7 +202,7 @@ void ReportMonthItem::updateData()
     // Only a maintenance report has a month to show.
     if (!r || !r->maintenanceData())
         return;
-    setPlainText(r->maintenanceData()->month.toString(QStringLiteral("yyyy-MM")));
+    showData(r->maintenanceData()->month.toString(QStringLiteral("yyyy-MM")));
 }
 
 ReportOperatorItem::ReportOperatorItem() : ReportTextItem(true)

@@ -66,8 +66,14 @@ void ReportTextItem::setPlainText(const QString& text)
 
 void ReportTextItem::showData(const QString& text)
 {
-    if (text != toPlainText())
-        setPlainText(text);
+    if (text == toPlainText())
+        return;
+    // One edit block around the text and its alignment: the document lays out once, at the end,
+    // instead of once for the text and again for the alignment merged over it.
+    QTextCursor edit(document());
+    edit.beginEditBlock();
+    setPlainText(text);
+    edit.endEditBlock();
 }
 
 QFont ReportTextItem::font() const

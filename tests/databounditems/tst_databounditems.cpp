@@ -10,6 +10,9 @@
 #include <QGraphicsView>
 #include <QLocale>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
 
 using namespace coagulation;
 using test::payloadOf;
@@ -37,6 +40,8 @@ private Q_SLOTS:
     void propTexts();
     void pageProperty();
     void profileItem();
+    void shownDataLayout_data();
+    void shownDataLayout();
     void monthAndOperator();
     void payloads();
     void editability();
@@ -141,6 +146,58 @@ void tst_DataBoundItems::profileItem()
     QCOMPARE(missing.toPlainText(), QString());
     missing.setPropName("hospital");
     QCOMPARE(missing.toPlainText(), QStringLiteral("[hospital]"));
+}
+
+void tst_DataBoundItems::shownDataLayout_data()
+{
+    QTest::addColumn<int>("alignment");
+    QTest::addColumn<double>("width");
+    QTest::addColumn<QString>("text");
+    const QString wrapped = QStringLiteral("示例市第一人民医院 检验科 凝血功能检测报告单 Coagulation report");
+    QTest::newRow("left") << int(Qt::AlignLeft) << -1.0 << QStringLiteral("张三");
+    QTest::newRow("centre, wrapped") << int(Qt::AlignHCenter) << 120.0 << wrapped;
+    QTest::newRow("right, two lines")
+        << int(Qt::AlignRight) << 200.0 << QStringLiteral("12.3 s\n参考 10.0-13.0");
+    QTest::newRow("justified, wrapped") << int(Qt::AlignJustify) << 90.0 << wrapped;
+    QTest::newRow("none, empty") << 0 << 80.0 << QString();
+}
+
+// Bound data gets its text and alignment in one layout pass; the document must be the one that
+// setting the text and then merging the alignment over it gives.
+void tst_DataBoundItems::shownDataLayout()
+{
+    QFETCH(int, alignment);
+    QFETCH(double, width);
+    QFETCH(QString, text);
+    Profile profile;
+    profile.setValue("hospital", text);
+    ReportProfileItem shown(&profile, "hospital");
+    shown.setTextWidth(width);
+    shown.setAlignment(Qt::Alignment(alignment));
+    ReportTextItem reference(false);
+    reference.setFont(shown.font());
+    reference.setTextWidth(width);
+    reference.setAlignment(Qt::Alignment(alignment));
+    reference.setPlainText(text);
+
+    int changes = 0; // each one lays the document out
+    connect(shown.document(), &QTextDocument::contentsChange, this,
+            [&changes](int, int, int charsAdded) { changes += charsAdded > 0; });
+    shown.updateData();
+    QCOMPARE(shown.toPlainText(), text);
+    QCOMPARE(changes, 1);
+
+    QCOMPARE(shown.document()->toHtml(), reference.document()->toHtml());
+    QCOMPARE(shown.document()->size(), reference.document()->size());
+    QCOMPARE(shown.boundingRect(), reference.boundingRect());
+    for (QTextBlock a = shown.document()->begin(), b = reference.document()->begin();
+         a.isValid() || b.isValid(); a = a.next(), b = b.next()) {
+        QVERIFY(a.isValid() && b.isValid());
+        QCOMPARE(a.blockFormat().alignment(), b.blockFormat().alignment());
+        QCOMPARE(a.layout()->lineCount(), b.layout()->lineCount());
+        for (int i = 0; i < a.layout()->lineCount(); ++i)
+            QCOMPARE(a.layout()->lineAt(i).naturalTextRect(), b.layout()->lineAt(i).naturalTextRect());
+    }
 }
 
 void tst_DataBoundItems::monthAndOperator()
