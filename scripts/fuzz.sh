@@ -3,7 +3,9 @@
 #   scripts/fuzz.sh [SECONDS] [TARGET...]
 # Seeds: the default templates and the test templates in fuzz/corpus; new inputs are kept in
 # build/fuzz/corpus/<target>, findings in build/fuzz/findings/. A finding fails the run.
-# FUZZ_JOBS=3 runs the targets side by side; FUZZ_NICE sets their niceness (default 10).
+# FUZZ_JOBS=3 runs the targets side by side; FUZZ_NICE sets their niceness (default 10);
+# FUZZ_TIMEOUT the seconds after which one input counts as a hang (default 10; wall-clock time,
+# so raise it on a machine where the fuzzers only get what others leave).
 set -uo pipefail
 cd "$(dirname "$0")/.."
 seconds=${1:-60}
@@ -12,13 +14,15 @@ targets=("$@")
 [ ${#targets[@]} -eq 0 ] && targets=(fuzz_templateload fuzz_templateroundtrip fuzz_templaterender)
 jobs=${FUZZ_JOBS:-1}
 bin=build/fuzz/bin
+# The system libraries' own one-time allocations are no leaks of ours (as in the sanitizer suite).
+export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
 mkdir -p build/fuzz/findings
 
 run() {
     local target=$1 corpus=build/fuzz/corpus/$1
     mkdir -p "$corpus"
-    # A run of one input over 10 s counts as a hang, over 2 GB as running out of memory.
-    nice -n "${FUZZ_NICE:-10}" "$bin/$target" -max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 \
+    # A run of one input over the timeout counts as a hang, over 2 GB as running out of memory.
+    nice -n "${FUZZ_NICE:-10}" "$bin/$target" -max_total_time="$seconds" -timeout="${FUZZ_TIMEOUT:-10}" -rss_limit_mb=2048 \
         -dict=fuzz/template.dict -artifact_prefix="build/fuzz/findings/$target-" \
         -print_final_stats=1 "$corpus" fuzz/corpus templates >"build/fuzz/$target.log" 2>&1
     local status=$?

@@ -70,6 +70,12 @@ Do you want to save your changes?</translation>
         <source>选择工作区</source>
         <translation>Choose Workspace</translation>
     </message>
+    <message>
+        <source>模板“%1”打开时已损坏，当前内容可能不完整。
+仍要覆盖原文件吗？（可用“另存为”保存到新文件。）</source>
+        <translation>The template &quot;%1&quot; was damaged when it was opened; its content may be incomplete.
+Save over the original file anyway? (Save As keeps it.)</translation>
+    </message>
 </context>
 <context>
     <name>coagulation::DesignerMain</name>
@@ -335,6 +341,12 @@ Do you want to save your changes?</translation>
     <message>
         <source>项目列表</source>
         <translation>Items</translation>
+    </message>
+    <message>
+        <source>模板 %1 已损坏：%2
+显示的内容可能不完整；保存到此文件前会先询问。</source>
+        <translation>The template %1 is damaged: %2
+What is shown may be incomplete; you will be asked before it is saved over this file.</translation>
     </message>
 </context>
 <context>

@@ -65,6 +65,17 @@ void DesignerDialogs::showError(QWidget*, const QString& text)
     information(text);
 }
 
+bool DesignerDialogs::confirmOverwriteDamaged(QWidget* parent, const QString& documentName)
+{
+    if (!InformationLog::isInteractive())
+        return false;
+    return QMessageBox::warning(parent, tr("报表设计器"),
+                                tr("模板“%1”打开时已损坏，当前内容可能不完整。\n仍要覆盖原文件吗？"
+                                   "（可用“另存为”保存到新文件。）")
+                                    .arg(documentName),
+                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
 bool DesignerDialogs::editPageSetup(QWidget* parent, PageSetup& setup)
 {
     if (!InformationLog::isInteractive())

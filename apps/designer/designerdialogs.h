@@ -33,6 +33,9 @@ public:
     // Save, Discard or Cancel for a document with unsaved changes.
     virtual QMessageBox::StandardButton askSaveChanges(QWidget* parent, const QString& documentName);
     virtual void showError(QWidget* parent, const QString& text);
+    // Whether to save over a template that was damaged when it was opened; no unless the user
+    // says yes.
+    virtual bool confirmOverwriteDamaged(QWidget* parent, const QString& documentName);
     virtual bool editPageSetup(QWidget* parent, PageSetup& setup);
     // An invalid colour when the user cancels.
     virtual QColor chooseColor(QWidget* parent, const QColor& initial);

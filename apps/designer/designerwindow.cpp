@@ -22,6 +22,7 @@
 #include <itemfactory.h>
 #include <report.h>
 #include <reportitembase.h>
+#include <templatecheck.h>
 
 #include <QAction>
 #include <QActionGroup>
@@ -531,6 +532,15 @@ bool DesignerWindow::openFile(const QString& fileName)
     report->setFileName(QFileInfo(fileName).absoluteFilePath());
     setReport(report);
     m_recent->add(fileName);
+    // The document loads what it can of a damaged file; the user must know that it is
+    // incomplete before saving it over the original.
+    TemplateCheck check(m_factory);
+    m_damagedFile.clear();
+    if (!check.check(fileName)) {
+        m_damagedFile = report->filename();
+        m_dialogs->showError(this, tr("模板 %1 已损坏：%2\n显示的内容可能不完整；保存到此文件前会先询问。")
+                                       .arg(QFileInfo(fileName).fileName(), check.errorString()));
+    }
     return true;
 }
 
@@ -564,6 +574,10 @@ bool DesignerWindow::saveAs()
 
 bool DesignerWindow::saveFile(const QString& fileName)
 {
+    const QString target = QFileInfo(fileName).absoluteFilePath();
+    if (!m_damagedFile.isEmpty() && target == m_damagedFile &&
+        !m_dialogs->confirmOverwriteDamaged(this, QFileInfo(fileName).fileName()))
+        return false;
     m_report->setErrorString(QString());
     if (!m_report->save(fileName)) {
         // A file that cannot be opened was already reported by the library itself.
@@ -572,7 +586,9 @@ bool DesignerWindow::saveFile(const QString& fileName)
                 this, tr("无法保存模板 %1\n%2").arg(QFileInfo(fileName).fileName(), m_report->errorString()));
         return false;
     }
-    m_report->setFileName(QFileInfo(fileName).absoluteFilePath());
+    m_report->setFileName(target);
+    if (target == m_damagedFile)
+        m_damagedFile.clear();
     m_report->undoStack()->setClean();
     m_recent->add(fileName);
     updateTitle();

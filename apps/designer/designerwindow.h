@@ -131,6 +131,7 @@ private:
     RecentFiles* m_recent = nullptr;
     QLabel* m_zoomLabel;
     QString m_workspace;
+    QString m_damagedFile; // opened although it did not load completely
     QList<QMetaObject::Connection> m_reportConnections;
 };
 

@@ -25,6 +25,7 @@
 #include <labdata/labdatabasegenerator.h>
 #include <report.h>
 #include <reportitemcreator.h>
+#include <templatecheck.h>
 
 #include <QAbstractButton>
 #include <QAction>
@@ -85,6 +86,13 @@ public:
         return saveChanges;
     }
     void showError(QWidget*, const QString& text) override { errors.append(text); }
+    bool overwriteDamaged = false;
+    int damagedQuestions = 0;
+    bool confirmOverwriteDamaged(QWidget*, const QString&) override
+    {
+        ++damagedQuestions;
+        return overwriteDamaged;
+    }
     bool editPageSetup(QWidget*, PageSetup& setup) override
     {
         if (cancelPageSetup)
@@ -782,6 +790,25 @@ void tst_Designer::openErrorShowsReportText()
     QVERIFY(!window->openFile(dir.filePath(QStringLiteral("missing.rpt"))));
     QVERIFY(dialogs->errors.value(1).startsWith(QStringLiteral("无法打开模板 missing.rpt\n")));
     QCOMPARE(dialogs->errors.size(), 2);
+
+    // A template cut short inside its last item opens as what could be read, with a warning;
+    // saving over it is asked first, and a "no" leaves the file as it was.
+    addText(QStringLiteral("凝血"), QPointF(10, 10));
+    const QString damaged = dir.filePath(QStringLiteral("damaged.rpt"));
+    QVERIFY(window->saveFile(damaged));
+    const qint64 size = QFileInfo(damaged).size() - 6;
+    QVERIFY(QFile::resize(damaged, size));
+    QVERIFY(window->openFile(damaged));
+    QVERIFY(dialogs->errors.value(2).startsWith(QStringLiteral("模板 damaged.rpt 已损坏：")));
+    addRect(QRectF(0, 0, 10, 10));
+    QVERIFY(!window->save());
+    QCOMPARE(dialogs->damagedQuestions, 1);
+    QCOMPARE(QFileInfo(damaged).size(), size);
+    dialogs->overwriteDamaged = true;
+    QVERIFY(window->save());
+    QVERIFY(TemplateCheck(factory.get()).check(damaged));
+    QVERIFY(window->save()); // repaired: no more questions
+    QCOMPARE(dialogs->damagedQuestions, 2);
 }
 
 void tst_Designer::previewThroughPlugin()
