@@ -1,5 +1,5 @@
 # The Debian package (cpack -G DEB): everything installed, under /usr. Library dependencies come from
-# dpkg-shlibdeps (Qt, libqpdf); added are what only gets loaded at run time (Qt's SQLite driver) and the Chinese
+# dpkg-shlibdeps (Qt, libqpdf, HarfBuzz); added are what only gets loaded at run time (Qt's SQLite driver) and the Chinese
 # fonts the reports name.
 set(CPACK_PACKAGE_NAME coagulation-report)
 set(CPACK_PACKAGE_VENDOR "Coagulation analyser team")

@@ -1,5 +1,6 @@
 #include "pdffinisher_p.h"
 
+#include "glyphsources_p.h"
 #include "tounicodemap_p.h"
 
 #include <QDateTime>
@@ -17,6 +18,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <memory>
 #include <optional>
 
 namespace coagulation {
@@ -65,6 +67,45 @@ std::optional<QRawFont> installedFont(const QByteArray& baseFont)
     return found;
 }
 
+// The embedded subset of a Type0 font, with its glyphs renumbered from those of the installed font.
+QRawFont subsetOf(QPDFObjectHandle font)
+{
+    QPDFObjectHandle descendants = font.getKey("/DescendantFonts");
+    if (!descendants.isArray() || descendants.getArrayNItems() < 1)
+        return QRawFont();
+    QPDFObjectHandle file = descendants.getArrayItem(0).getKey("/FontDescriptor").getKey("/FontFile2");
+    if (!file.isStream())
+        return QRawFont();
+    const std::shared_ptr<Buffer> data = file.getStreamData(qpdf_dl_generalized);
+    return QRawFont(QByteArray(reinterpret_cast<const char*>(data->getBuffer()), qsizetype(data->getSize())),
+                    12);
+}
+
+// Gives the glyphs of `font` that have no text the code point they were substituted for.
+int addSubstitutes(ToUnicodeMap& map, QPDFObjectHandle font, const QRawFont& installed)
+{
+    const QRawFont subset = subsetOf(font);
+    const QByteArray maxp = subset.fontTable("maxp");
+    if (maxp.size() < 6)
+        return 0;
+    const uint glyphCount = (uchar(maxp.at(4)) << 8) | uchar(maxp.at(5));
+    static QHash<QString, std::shared_ptr<GlyphSources>> cache;
+    std::shared_ptr<GlyphSources>& sources = cache[installed.familyName() + installed.styleName()];
+    int added = 0;
+    for (uint code = 1; code < glyphCount; ++code) {
+        if (!map.text(code).isEmpty())
+            continue;
+        if (!sources)
+            sources = std::make_shared<GlyphSources>(installed);
+        const QString text = sources->textOf(subset, code);
+        if (!text.isEmpty()) {
+            map.setText(code, text);
+            ++added;
+        }
+    }
+    return added;
+}
+
 int fixTextLayer(QPDF& pdf)
 {
     int changed = 0;
@@ -82,7 +123,8 @@ int fixTextLayer(QPDF& pdf)
         QPDFObjectHandle baseFont = object.getKey("/BaseFont");
         const std::optional<QRawFont> font = installedFont(
             baseFont.isName() ? QByteArray::fromStdString(baseFont.getName()).mid(1) : QByteArray());
-        if (map.replaceRadicals(font ? &*font : nullptr) == 0)
+        const int substitutes = font ? addSubstitutes(map, object, *font) : 0;
+        if (map.replaceRadicals(font ? &*font : nullptr) + map.replaceLigatures() + substitutes == 0)
             continue;
         const QByteArray cmap = map.toCMap();
         toUnicode.replaceStreamData(cmap.toStdString(), QPDFObjectHandle::newNull(),

@@ -14,7 +14,7 @@ struct PdfDocumentInfo
 };
 
 // Finishes a PDF file that Qt has written: corrects the text layer of its fonts (see
-// ToUnicodeMap) and gives it title, author and creator, the same in the document information
+// ToUnicodeMap and GlyphSources) and gives it title, author and creator, the same in the document information
 // and in the XMP metadata, as PDF/A wants them. The file is replaced only when all of that worked.
 class PdfFinisher
 {

@@ -242,4 +242,16 @@ int ToUnicodeMap::replaceRadicals(const QRawFont* font)
     return changed;
 }
 
+int ToUnicodeMap::replaceLigatures()
+{
+    int changed = 0;
+    for (auto& [code, text] : m_texts) {
+        if (text.size() == 1 && text.at(0).unicode() >= 0xFB00 && text.at(0).unicode() <= 0xFB06) {
+            text = text.normalized(QString::NormalizationForm_KC);
+            ++changed;
+        }
+    }
+    return changed;
+}
+
 } // namespace coagulation

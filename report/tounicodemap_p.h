@@ -25,6 +25,9 @@ public:
     // Gives back the ideograph where a radical stands for it: where `font` draws both with one
     // glyph, or for every radical when the font is unknown (null). Returns the entries changed.
     int replaceRadicals(const QRawFont* font);
+    // Spells out Latin ligatures ("ﬁ" as "fi"): shaping draws "fi" with the glyph the font also maps
+    // U+FB01 to, and a search for "file" must find it. Returns the entries changed.
+    int replaceLigatures();
 
 private:
     std::map<uint, QString> m_texts;

@@ -815,9 +815,9 @@ void tst_Printing::searchableArchive()
     QFETCH(QString, family);
     if (!hasPoppler())
         QSKIP("poppler-utils not installed");
-    // Characters whose glyphs the font shares with radicals, the signs of a result, and a radical
-    // (U+2F39) that the fonts draw apart from its ideograph 彐.
-    const QString marker = QStringLiteral("血女一二人民生白目石示比↑↓≥µ%\u2F39");
+    // Digits in Latin text (drawn with substituted glyphs), characters whose glyphs the font shares
+    // with radicals, the signs of a result, and a radical (U+2F39) the fonts draw apart from 彐.
+    const QString marker = QStringLiteral("Bed 53 6/24 血女一二人民生白目石示比↑↓≥µ%\u2F39");
     const QString file = outputFile(QStringLiteral("archive"));
     m_printer->setOutputFileName(file);
     saveTemplate(QStringLiteral("archive"), kv::ReportType(type), keys, marker, QPageLayout::Portrait,

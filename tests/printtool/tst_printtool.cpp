@@ -109,10 +109,10 @@ QString pdfText(const QString& fileName)
     return pdfTool(QStringLiteral("pdftotext"), {fileName, QStringLiteral("-")});
 }
 
-// The print date's month as an English session writes it ("Monday, November 23, 2026").
-QString englishMonth()
+// The print date as an English session writes it ("Monday, November 23, 2026").
+QString englishDate()
 {
-    return QLocale(QLocale::English).monthName(QDate::currentDate().month());
+    return QLocale(QLocale::English).toString(QDate::currentDate(), QLocale::LongFormat);
 }
 
 } // namespace
@@ -740,13 +740,17 @@ void TestPrintTool::englishDemoHoldsNoChinese_data()
                               << QStringList{QStringLiteral("Coagulation Test Report"),
                                              QStringLiteral("QC Sample Test Report"),
                                              QStringLiteral("Example City General Hospital"),
-                                             QStringLiteral("Prothrombin time")};
+                                             QStringLiteral("Prothrombin time"), QStringLiteral("Bed 53")};
     QTest::newRow("qc") << QStringList{QStringLiteral("qc"),     QStringLiteral("1"),
                                        QStringLiteral("--from"), QStringLiteral("2024-06-01"),
                                        QStringLiteral("--to"),   QStringLiteral("2024-06-28")}
                         << QStringList{QStringLiteral("Internal QC Report"),
                                        QStringLiteral("Coagulation control plasma"),
-                                       QStringLiteral("Upper stop limit"), QStringLiteral("QC count")};
+                                       QStringLiteral("Upper stop limit"),
+                                       QStringLiteral("QC count"),
+                                       QStringLiteral("N240261"),
+                                       QStringLiteral("QC file no."),
+                                       QStringLiteral("1-2s")};
     QTest::newRow("maintenance") << QStringList{QStringLiteral("maintenance"), QStringLiteral("--month"),
                                                 QStringLiteral("2024-06")}
                                  << QStringList{QStringLiteral("Coagulation Analyser Maintenance Record"),
@@ -786,7 +790,7 @@ void TestPrintTool::englishDemoHoldsNoChinese()
     QVERIFY2(!chinese.hasMatch(), qPrintable(text.mid(qMax(0, int(chinese.capturedStart()) - 40), 80)));
     for (const QString& phrase : expected)
         QVERIFY2(text.contains(phrase), qPrintable(phrase));
-    QVERIFY2(text.contains(englishMonth()), qPrintable(text.right(200)));
+    QVERIFY2(text.contains(englishDate()), qPrintable(text.right(200)));
 }
 
 // A template keeps its own captions whatever the session's language; the data and the date are the
@@ -803,7 +807,7 @@ void TestPrintTool::chineseTemplatePrintsInEnglishSession()
     for (const QString& caption : {QStringLiteral("凝血检验报告单"), QStringLiteral("姓名："),
                                    QStringLiteral("检验者："), QStringLiteral("本报告仅对所检测标本负责")})
         QVERIFY2(text.contains(caption), qPrintable(caption + QLatin1Char('\n') + text));
-    QVERIFY2(text.contains(englishMonth()), qPrintable(text.right(200)));
+    QVERIFY2(text.contains(englishDate()), qPrintable(text.right(200)));
 }
 
 #include "tst_printtool.moc"

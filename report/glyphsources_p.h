@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QHash>
+#include <QRawFont>
+#include <QString>
+
+namespace coagulation {
+
+// Where the glyphs of an installed font that its cmap does not reach come from. Shaping swaps
+// glyphs by the font's substitutions (Noto Sans CJK draws digits in Latin text with other
+// glyphs), and a PDF writer that maps glyphs back to text through the cmap leaves those without
+// text. Each such glyph gets the lowest code point of a cmap glyph it substitutes.
+class GlyphSources
+{
+public:
+    explicit GlyphSources(const QRawFont& font);
+
+    // The text of glyph `glyph` of `subset`, a subset of this font with glyphs renumbered,
+    // found by its advance and outline among the substituted glyphs; empty when none or more
+    // than one text fits.
+    QString textOf(const QRawFont& subset, quint32 glyph) const;
+
+private:
+    QRawFont m_font;
+    QHash<quint32, char32_t> m_sources; // substituted glyph -> code point
+    QList<quint32> m_candidates;        // its keys, and their advances
+    QList<QPointF> m_advances;
+};
+
+} // namespace coagulation
