@@ -134,7 +134,10 @@ GlyphSources::GlyphSources(const QRawFont& font) : m_font(font)
         }
     }
     m_candidates = m_sources.keys();
-    m_advances = m_font.advancesForGlyphIndexes(m_candidates);
+    // From hmtx: asking the rasterizer for tens of thousands of glyphs takes a second.
+    const qreal scale = pixelSize / hb_face_get_upem(face.get());
+    for (const quint32 glyph : std::as_const(m_candidates))
+        m_advances.append(hb_font_get_glyph_h_advance(hbFont.get(), glyph) * scale);
 }
 
 QString GlyphSources::textOf(const QRawFont& subset, quint32 glyph) const
@@ -151,7 +154,7 @@ QString GlyphSources::textOf(const QRawFont& subset, quint32 glyph) const
     // The advance narrows the substitutes to a handful, the outline picks among them.
     QSet<char32_t> fits;
     for (qsizetype i = 0; i < m_candidates.size(); ++i) {
-        if (qAbs(m_advances.at(i).x() - advance.first().x()) <= 0.25 &&
+        if (qAbs(m_advances.at(i) - advance.first().x()) <= 0.25 &&
             difference(ink, inkOf(m_font, m_candidates.at(i))) <= 0.05)
             fits.insert(m_sources.value(m_candidates.at(i)));
     }

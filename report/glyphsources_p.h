@@ -24,7 +24,7 @@ private:
     QRawFont m_font;
     QHash<quint32, char32_t> m_sources; // substituted glyph -> code point
     QList<quint32> m_candidates;        // its keys, and their advances
-    QList<QPointF> m_advances;
+    QList<qreal> m_advances;
 };
 
 } // namespace coagulation
