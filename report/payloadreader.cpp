@@ -15,7 +15,7 @@ namespace coagulation::payload {
 
 namespace {
 
-constexpr qint64 colorBytes = 11;     // spec, alpha, red, green, blue, padding
+constexpr qint64 colorBytes = 11;     // colour model, alpha, red, green, blue, padding
 constexpr qint64 pointBytes = 16;     // two doubles
 constexpr qint64 transformBytes = 72; // nine doubles
 constexpr qint64 stringBytes = 4;     // the length of an empty or null string

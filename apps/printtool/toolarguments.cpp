@@ -14,7 +14,7 @@ const Commands printCommands = {ToolArguments::Patients, ToolArguments::Samples,
                                 ToolArguments::Maintenance};
 const Commands workspaceCommands = printCommands + Commands{ToolArguments::Templates, ToolArguments::Check};
 
-struct OptionSpec
+struct OptionEntry
 {
     QStringList names;
     const char* valueName; // null for a switch
@@ -22,9 +22,9 @@ struct OptionSpec
     Commands commands; // where the option means something; empty: everywhere
 };
 
-const QList<OptionSpec>& optionSpecs()
+const QList<OptionEntry>& optionEntries()
 {
-    static const QList<OptionSpec> specs = {
+    static const QList<OptionEntry> entries = {
         {{QStringLiteral("p"), QStringLiteral("profile")},
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "文件"),
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "工作区的配置文件 (INI 文件)"),
@@ -106,10 +106,10 @@ const QList<OptionSpec>& optionSpecs()
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "显示版本"),
          {}},
     };
-    return specs;
+    return entries;
 }
 
-struct CommandSpec
+struct CommandEntry
 {
     ToolArguments::Command command;
     QString name;
@@ -118,9 +118,9 @@ struct CommandSpec
     const char* description;
 };
 
-const QList<CommandSpec>& commandSpecs()
+const QList<CommandEntry>& commandEntries()
 {
-    static const QList<CommandSpec> specs = {
+    static const QList<CommandEntry> entries = {
         {ToolArguments::Patients, QStringLiteral("patients"),
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "病人编号..."),
          QT_TRANSLATE_NOOP("coagulation::ToolArguments", "按病人编号打印病人结果报告"),
@@ -158,14 +158,14 @@ const QList<CommandSpec>& commandSpecs()
              "中的默认模板, "
              "以及配置中的模板选择. 文件夹不为空时需要 --force.")},
     };
-    return specs;
+    return entries;
 }
 
-const CommandSpec* commandSpec(ToolArguments::Command command)
+const CommandEntry* commandEntry(ToolArguments::Command command)
 {
-    for (const CommandSpec& spec : commandSpecs()) {
-        if (spec.command == command)
-            return &spec;
+    for (const CommandEntry& entry : commandEntries()) {
+        if (entry.command == command)
+            return &entry;
     }
     return nullptr;
 }
@@ -206,16 +206,16 @@ QString table(const QList<QPair<QString, QString>>& rows)
 QString optionTable(ToolArguments::Command command)
 {
     QList<QPair<QString, QString>> rows;
-    for (const OptionSpec& spec : optionSpecs()) {
-        if (!spec.commands.isEmpty() && !spec.commands.contains(command))
+    for (const OptionEntry& entry : optionEntries()) {
+        if (!entry.commands.isEmpty() && !entry.commands.contains(command))
             continue;
         QStringList names;
-        for (const QString& name : spec.names)
+        for (const QString& name : entry.names)
             names.append(dashed(name));
         QString left = names.join(QStringLiteral(", "));
-        if (spec.valueName)
-            left += QLatin1Char(' ') + tr(spec.valueName);
-        rows.append({left, tr(spec.description)});
+        if (entry.valueName)
+            left += QLatin1Char(' ') + tr(entry.valueName);
+        rows.append({left, tr(entry.description)});
     }
     return table(rows);
 }
@@ -225,17 +225,17 @@ QString optionTable(ToolArguments::Command command)
 QString ToolArguments::helpText(Command command)
 {
     const QString program = QStringLiteral("coagulation-print");
-    if (const CommandSpec* spec = commandSpec(command)) {
-        QString usage = program + QLatin1Char(' ') + spec->name;
-        if (*spec->arguments)
-            usage += QLatin1Char(' ') + tr(spec->arguments);
-        return tr("用法: %1 [选项]").arg(usage) + QStringLiteral("\n\n") + tr(spec->description) +
+    if (const CommandEntry* entry = commandEntry(command)) {
+        QString usage = program + QLatin1Char(' ') + entry->name;
+        if (*entry->arguments)
+            usage += QLatin1Char(' ') + tr(entry->arguments);
+        return tr("用法: %1 [选项]").arg(usage) + QStringLiteral("\n\n") + tr(entry->description) +
                QStringLiteral("\n\n") + tr("选项:") + QLatin1Char('\n') + optionTable(command);
     }
     QList<QPair<QString, QString>> commands;
-    for (const CommandSpec& spec : commandSpecs())
-        commands.append({spec.name + (*spec.arguments ? QLatin1Char(' ') + tr(spec.arguments) : QString()),
-                         tr(spec.summary)});
+    for (const CommandEntry& entry : commandEntries())
+        commands.append({entry.name + (*entry.arguments ? QLatin1Char(' ') + tr(entry.arguments) : QString()),
+                         tr(entry.summary)});
     return tr("用法: %1 命令 [参数] [选项]").arg(program) + QStringLiteral("\n\n") +
            tr("像主程序一样通过报表插件打印分析仪的报告: 按接口标识找到插件, 用配置文件建立工作区, "
               "使用配置中记住的模板.") +
@@ -285,20 +285,20 @@ bool ToolArguments::parseDate(const QString& text, const QString& option, QDate*
 bool ToolArguments::parse(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    for (const OptionSpec& spec : optionSpecs())
+    for (const OptionEntry& entry : optionEntries())
         parser.addOption(
-            QCommandLineOption(spec.names, QString(), spec.valueName ? QStringLiteral("x") : QString()));
+            QCommandLineOption(entry.names, QString(), entry.valueName ? QStringLiteral("x") : QString()));
     if (!parser.parse(arguments)) {
         const QStringList unknown = parser.unknownOptionNames();
         if (!unknown.isEmpty())
             return fail(tr("未知的选项 '%1'").arg(unknown.first()));
         // The other complaint is an option without its value, or a switch given one.
-        for (const OptionSpec& spec : optionSpecs()) {
-            for (const QString& name : spec.names) {
+        for (const OptionEntry& entry : optionEntries()) {
+            for (const QString& name : entry.names) {
                 const QString option = dashed(name);
-                if (spec.valueName && arguments.constLast() == option)
+                if (entry.valueName && arguments.constLast() == option)
                     return fail(tr("选项 %1 需要一个值").arg(option));
-                if (spec.valueName)
+                if (entry.valueName)
                     continue;
                 for (const QString& argument : arguments) {
                     if (argument.startsWith(option + QLatin1Char('=')))
@@ -318,9 +318,9 @@ bool ToolArguments::parse(const QStringList& arguments)
 
     QStringList positional = parser.positionalArguments();
     const QString name = positional.isEmpty() ? QString() : positional.takeFirst();
-    for (const CommandSpec& spec : commandSpecs()) {
-        if (spec.name == name)
-            command = spec.command;
+    for (const CommandEntry& entry : commandEntries()) {
+        if (entry.name == name)
+            command = entry.command;
     }
     if (version || (help && (command != NoCommand || name.isEmpty())))
         return true;
@@ -329,9 +329,9 @@ bool ToolArguments::parse(const QStringList& arguments)
     if (command == NoCommand)
         return fail(tr("未知的命令 '%1'").arg(name));
 
-    for (const OptionSpec& spec : optionSpecs()) {
-        const QString option = spec.names.constLast();
-        if (parser.isSet(option) && !spec.commands.isEmpty() && !spec.commands.contains(command))
+    for (const OptionEntry& entry : optionEntries()) {
+        const QString option = entry.names.constLast();
+        if (parser.isSet(option) && !entry.commands.isEmpty() && !entry.commands.contains(command))
             return fail(tr("选项 --%1 不适用于命令 '%2'").arg(option, name));
     }
 
