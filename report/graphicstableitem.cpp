@@ -91,6 +91,9 @@ void GraphicsTableItem::setItemText(int row, int column, const QString& text)
 {
     if (row < 0 || column < 0)
         return;
+    // A cell outside the counts grows the table: the scene's index must learn the new bounds.
+    if (row >= m_rowCount || column >= m_columnCount)
+        prepareGeometryChange();
     if (row >= m_texts.size())
         m_texts.resize(row + 1);
     m_rowCount = qMax(m_rowCount, int(m_texts.size()));
@@ -138,6 +141,8 @@ ColumnSpec& GraphicsTableItem::columnSpec(int column)
 
 void GraphicsTableItem::clear()
 {
+    if (m_rowCount > 0)
+        prepareGeometryChange();
     m_texts.clear();
     m_rowCount = 0;
 }
@@ -152,6 +157,8 @@ QSizeF GraphicsTableItem::preferredSize() const
 
 void GraphicsTableItem::adjustSize()
 {
+    if (preferredSize() != m_size)
+        prepareGeometryChange();
     m_size = preferredSize();
 }
 

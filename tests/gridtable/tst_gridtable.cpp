@@ -1,6 +1,7 @@
 #include <graphicstableitem.h>
 
 #include <QDataStream>
+#include <QGraphicsScene>
 #include <QImage>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
@@ -113,6 +114,20 @@ void TestGridTable::cellsRaiseCounts()
     QCOMPARE(table.rowCount(), 0);
     QCOMPARE(table.itemText(2, 3), QString());
     QCOMPARE(table.columnCount(), 1);
+
+    // The scene's index follows cells that grow the table and a clear that shrinks it.
+    QGraphicsScene scene(0, 0, 1000, 1000);
+    auto* indexed = new GraphicsTableItem;
+    indexed->setItemText(0, 0, QStringLiteral("x"));
+    scene.addItem(indexed);
+    const QPointF lastCell(250, 3.5 * indexed->rowHeight());
+    QVERIFY(scene.items(lastCell).isEmpty());
+    QCoreApplication::processEvents();
+    QVERIFY(scene.items(QPointF(50, 5)).contains(indexed));
+    indexed->setItemText(3, 2, QStringLiteral("x"));
+    QVERIFY(scene.items(lastCell).contains(indexed));
+    indexed->clear();
+    QVERIFY(!scene.items(lastCell).contains(indexed));
 }
 
 void TestGridTable::columnSpecs()
