@@ -6,8 +6,8 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QFileDialog>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QPointer>
 #include <QTimer>
 
@@ -50,12 +50,13 @@ public:
             dialog->accept();
         });
     }
-    // Chooses an existing file in a file dialog and confirms it.
+    // Types an existing file's path into a file dialog and confirms it. Typed, not selected:
+    // selectFile() leaves the name field alone once it has focus, which depends on timing.
     DialogAnswerer& chooseFile(const QString& fileName)
     {
         return then([fileName](QDialog* dialog) {
-            if (auto* files = qobject_cast<QFileDialog*>(dialog))
-                files->selectFile(fileName);
+            if (auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit")))
+                name->setText(fileName);
             dialog->accept();
         });
     }

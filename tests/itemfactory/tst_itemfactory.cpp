@@ -8,6 +8,7 @@
 #include <report.h>
 #include <reportitem.h>
 
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QSignalSpy>
