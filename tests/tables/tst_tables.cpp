@@ -856,14 +856,10 @@ void TestTables::drawnWithCreators()
     patient->leave();
     QCOMPARE(report.undoStack()->count(), 2);
 
-    const QList<ReportItem*> items = report.reportItems();
+    const QList<ReportItem*> items = report.reportItems(); // the last drawn on top
     QCOMPARE(items.size(), 2);
-    ReportQcTableItem* table = nullptr;
-    ReportPatientTableItem* results = nullptr;
-    for (ReportItem* item : items) {
-        table = table ? table : dynamic_cast<ReportQcTableItem*>(item);
-        results = results ? results : dynamic_cast<ReportPatientTableItem*>(item);
-    }
+    auto* results = dynamic_cast<ReportPatientTableItem*>(items.at(0));
+    auto* table = dynamic_cast<ReportQcTableItem*>(items.at(1));
     QVERIFY(table && results);
     QCOMPARE(table->key(), QStringLiteral("QcTable"));
     QCOMPARE(table->pos(), QPointF(50, 300));
