@@ -1,6 +1,7 @@
 // Print jobs end to end: the printer comes from the plug-in, the data from the generated
 // laboratory databases, the templates are saved by the test, and the output is a real PDF.
 #include "../common/dialoganswerer.h"
+#include "../common/workspace.h"
 
 #include <core/information.h>
 #include <core/profile.h>
@@ -13,7 +14,6 @@
 #include <kvcore/pluginlocator.h>
 #include <kvcore/qcdatareader.h>
 #include <kvcore/workspace.h>
-#include <labdata/labdatabasegenerator.h>
 #include <report.h>
 #include <reportprinter.h>
 
@@ -30,7 +30,6 @@
 #include <QSettings>
 #include <QSqlQuery>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QThread>
 #include <QTranslator>
 #include <QtTest>
@@ -242,11 +241,11 @@ private:
                       const QString& markerFamily = QString());
     QString printTime(qint64 id) const;
     QList<qint64> patients(bool qcSamples, int count) const;
-    QString outputFile(const QString& name) const { return m_dir.filePath(name + QStringLiteral(".pdf")); }
+    QString outputFile(const QString& name) const { return m_lab.filePath(name + QStringLiteral(".pdf")); }
 
-    QTemporaryDir m_dir;
-    std::unique_ptr<Profile> m_profile;
-    std::unique_ptr<Workspace> m_workspace;
+    test::DemoWorkspace m_lab;
+    Profile* m_profile = nullptr;
+    Workspace* m_workspace = nullptr;
     DataStorageFactoryInterface* m_factory = nullptr;
     std::unique_ptr<DataStorage> m_storage;
     ReportPrinter* m_printer = nullptr;
@@ -254,28 +253,19 @@ private:
 
 void tst_Printing::initTestCase()
 {
-    QVERIFY(m_dir.isValid());
     PluginLocator locator;
     m_factory = locator.dataStorageFactory();
     QVERIFY2(m_factory, qPrintable(locator.errorString()));
 
-    m_profile = std::make_unique<Profile>(m_dir.filePath(QStringLiteral("lab.ini")));
-    LabDatabaseGenerator generator(m_profile.get());
-    generator.setPatientCount(40);
-    generator.setQcPointCount(10);
-    generator.setMaintenanceMonths(1);
-    QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
+    QVERIFY2(m_lab.create(), qPrintable(m_lab.errorString()));
+    m_profile = m_lab.profile();
+    m_workspace = m_lab.workspace();
     QVERIFY(patients(true, 2).size() == 2);
-    m_workspace =
-        std::make_unique<Workspace>(m_profile.get(), QDir(m_dir.filePath(QStringLiteral("templates"))));
 }
 
 void tst_Printing::init()
 {
-    QDir(m_dir.filePath(QStringLiteral("templates"))).removeRecursively();
-    QVERIFY(QDir().mkpath(m_dir.filePath(QStringLiteral("templates"))));
-    for (const char* key : {"report/template", "report/qc", "report/qctemplate", "report/maintenanceRecord"})
-        m_profile->setValue(QString::fromLatin1(key), QString(), true);
+    QVERIFY(m_lab.clearTemplates());
     QSqlQuery query(m_profile->dataDatabase());
     QVERIFY(query.exec(QStringLiteral("update patient set printTime=NULL")));
     InformationLog::clear();
@@ -285,9 +275,9 @@ void tst_Printing::init()
     m_storage.reset(m_factory->create());
     m_printer = qobject_cast<ReportPrinter*>(m_storage.get());
     QVERIFY(m_printer);
-    m_printer->setWorkspace(m_workspace.get());
+    m_printer->setWorkspace(m_workspace);
     QVERIFY(m_printer->itemFactory());
-    m_printer->itemFactory()->registerFactory(new PagingItemFactory(m_profile.get()));
+    m_printer->itemFactory()->registerFactory(new PagingItemFactory(m_profile));
 }
 
 void tst_Printing::cleanup()
@@ -305,7 +295,7 @@ void tst_Printing::saveTemplate(const QString& name, kv::ReportType type, const 
                                 const QString& marker, QPageLayout::Orientation orientation,
                                 const QString& markerFamily)
 {
-    Report report(m_profile.get(), m_printer->itemFactory());
+    Report report(m_profile, m_printer->itemFactory());
     report.setType(type);
     report.setOrientation(orientation);
     qreal y = 40;
@@ -383,7 +373,7 @@ void tst_Printing::enumTemplate()
         m_printer->enumTemplate(m_workspace->templateDirectory().path(), kv::ReportType(type));
     listed.sort();
     QCOMPARE(listed, names);
-    QVERIFY(m_printer->enumTemplate(m_dir.filePath(QStringLiteral("missing")), kv::PatientReport).isEmpty());
+    QVERIFY(m_printer->enumTemplate(m_lab.filePath(QStringLiteral("missing")), kv::PatientReport).isEmpty());
 }
 
 void tst_Printing::pickDialog_data()
@@ -416,9 +406,9 @@ void tst_Printing::pickDialog()
         m_profile->setValue(QStringLiteral("report/template"), QStringLiteral("patients"), true);
     }
     QMainWindow window;
-    Workspace workspace(m_profile.get(), m_workspace->templateDirectory(), &window);
+    Workspace workspace(m_profile, m_workspace->templateDirectory(), &window);
     m_printer->setWorkspace(&workspace);
-    m_printer->itemFactory()->registerFactory(new PagingItemFactory(m_profile.get()));
+    m_printer->itemFactory()->registerFactory(new PagingItemFactory(m_profile));
 
     test::DialogAnswerer dialogs;
     dialogs.then([&](QDialog* dialog) {
@@ -441,12 +431,11 @@ void tst_Printing::pickDialog()
     m_printer->setOutputFileName(outputFile(job));
     auto print = [&] {
         if (job == QLatin1String("qc")) {
-            auto series =
-                QcDataReader(m_profile.get()).read(QcDataReader(m_profile.get()).reagentIds().value(0));
+            auto series = QcDataReader(m_profile).read(QcDataReader(m_profile).reagentIds().value(0));
             return series && m_printer->store(QList<QcExportData*>{series->data()}, DataStorage::StoreAtOnce);
         }
         if (job == QLatin1String("maintenance")) {
-            Workbench workbench = MaintenanceRecords(m_profile.get()).workbenches().value(0);
+            Workbench workbench = MaintenanceRecords(m_profile).workbenches().value(0);
             MaintenanceExportData data{&workbench, QDate(2024, 6, 1)};
             return m_printer->store(&data, DataStorage::StoreAtOnce);
         }
@@ -464,7 +453,7 @@ void tst_Printing::pickDialog()
     // Remembered: the next job asks nothing.
     QVERIFY(print());
     QCOMPARE(dialogs.shown().size(), 1);
-    m_printer->setWorkspace(m_workspace.get());
+    m_printer->setWorkspace(m_workspace);
 }
 
 void tst_Printing::pickDialogCancelled()
@@ -635,7 +624,7 @@ void tst_Printing::qcSeriesPaging()
     saveTemplate(QStringLiteral("qc"), kv::QcReport,
                  {QStringLiteral("test:/paging"), QStringLiteral("prop:/page")});
     m_profile->setValue(QStringLiteral("report/qctemplate"), QStringLiteral("qc"), true);
-    QcDataReader reader(m_profile.get());
+    QcDataReader reader(m_profile);
     const QList<qint64> reagents = reader.reagentIds();
     QVERIFY(reagents.size() >= 2);
     auto first = reader.read(reagents.at(0));
@@ -737,7 +726,7 @@ void tst_Printing::nestedJobKeepsItsMembers()
     saveTemplate(QStringLiteral("qc"), kv::QcReport, {QStringLiteral("test:/paging")});
     m_profile->setValue(QStringLiteral("report/template"), QStringLiteral("patients"), true);
     m_profile->setValue(QStringLiteral("report/qctemplate"), QStringLiteral("qc"), true);
-    QcDataReader reader(m_profile.get());
+    QcDataReader reader(m_profile);
     auto series = reader.read(reader.reagentIds().value(0));
     QVERIFY(series);
     const QList<qint64> ids = patients(false, 2);
@@ -774,7 +763,7 @@ void tst_Printing::maintenance()
     saveTemplate(QStringLiteral("maintenance"), kv::MaintenanceRecordReport, {QStringLiteral("test:/paging")},
                  QString(), QPageLayout::Orientation(orientation));
     m_profile->setValue(QStringLiteral("report/maintenanceRecord"), QStringLiteral("maintenance"), true);
-    Workbench workbench = MaintenanceRecords(m_profile.get()).workbenches().value(0);
+    Workbench workbench = MaintenanceRecords(m_profile).workbenches().value(0);
     MaintenanceExportData data{&workbench, QDate(2024, 6, 1), MaintenanceManager::WeeklyMaintenance};
     m_printer->setOutputFileName(outputFile(QStringLiteral("maintenance")));
 
@@ -837,7 +826,7 @@ void tst_Printing::searchableArchive()
         QVERIFY(m_printer->store({id}, m_profile->dataDatabase(), DataStorage::StoreAtOnce));
     } else if (type == kv::QcReport) {
         m_profile->setValue(QStringLiteral("report/qctemplate"), QStringLiteral("archive"), true);
-        QcDataReader reader(m_profile.get());
+        QcDataReader reader(m_profile);
         const qint64 reagent = reader.reagentIds().value(0);
         auto series = reader.read(reagent);
         QVERIFY(series);
@@ -851,7 +840,7 @@ void tst_Printing::searchableArchive()
         QVERIFY(m_printer->store(QList<QcExportData*>{series->data()}, DataStorage::StoreAtOnce));
     } else {
         m_profile->setValue(QStringLiteral("report/maintenanceRecord"), QStringLiteral("archive"), true);
-        Workbench workbench = MaintenanceRecords(m_profile.get()).workbenches().value(0);
+        Workbench workbench = MaintenanceRecords(m_profile).workbenches().value(0);
         QSqlQuery query(m_profile->qcDatabase());
         QVERIFY(query.exec(QStringLiteral("select date, operator from maintenanceRecord where workbench=%1 "
                                           "and recordType=1 order by date")
@@ -891,7 +880,7 @@ void tst_Printing::unwritableOutput()
 {
     saveTemplate(QStringLiteral("patients"), kv::PatientReport, {QStringLiteral("test:/paging")});
     m_profile->setValue(QStringLiteral("report/template"), QStringLiteral("patients"), true);
-    const QString fileName = m_dir.filePath(QStringLiteral("no/such/folder/out.pdf"));
+    const QString fileName = m_lab.filePath(QStringLiteral("no/such/folder/out.pdf"));
     m_printer->setOutputFileName(fileName);
     const QList<qint64> ids = patients(false, 2);
     QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral(".*")));
@@ -944,7 +933,7 @@ void tst_Printing::incompleteOutput()
         QVERIFY(db.commit());
     QVERIFY(!printTime(ids.at(0)).isEmpty());
 
-    QcDataReader reader(m_profile.get());
+    QcDataReader reader(m_profile);
     auto series = reader.read(reader.reagentIds().value(0));
     QVERIFY(series);
     m_printer->setOutputFileName(QStringLiteral("/dev/full"));
