@@ -121,84 +121,39 @@ void TestLabData::determinism()
 
 void TestLabData::declaredTypes_data()
 {
-    QTest::addColumn<int>("database");
-    QTest::addColumn<QString>("table");
-    QTest::addColumn<QString>("column");
-    QTest::addColumn<QString>("type");
-
-    const int data = LabSchema::DataDatabase;
-    const int qc = LabSchema::QcDatabase;
-    const int config = LabSchema::ConfigDatabase;
-    QTest::newRow("patient.id") << data << "patient"
-                                << "id"
-                                << "INTEGER";
-    QTest::newRow("patient.sampleNo") << data << "patient"
-                                      << "sampleNo"
-                                      << "TEXT";
-    QTest::newRow("patient.age") << data << "patient"
-                                 << "age"
-                                 << "INTEGER";
-    QTest::newRow("patient.collectTime") << data << "patient"
-                                         << "collectTime"
-                                         << "DATETIME";
-    QTest::newRow("patient.receiveTime") << data << "patient"
-                                         << "receiveTime"
-                                         << "DATETIME";
-    QTest::newRow("patient.reportTime") << data << "patient"
-                                        << "reportTime"
-                                        << "DATETIME";
-    QTest::newRow("patient.birthday") << data << "patient"
-                                      << "birthday"
-                                      << "DATE";
-    QTest::newRow("patient.checkTime") << data << "patient"
-                                       << "checkTime"
-                                       << "TIME";
-    QTest::newRow("patient.printTime") << data << "patient"
-                                       << "printTime"
-                                       << "DATETIME";
-    QTest::newRow("result.flag") << data << "result"
-                                 << "flag"
-                                 << "INTEGER";
-    QTest::newRow("result.result") << data << "result"
-                                   << "result"
-                                   << "TEXT";
-    QTest::newRow("result.lowerMarkLimit") << data << "result"
-                                           << "lowerMarkLimit"
-                                           << "REAL";
-    QTest::newRow("result.displayOrder") << data << "result"
-                                         << "displayOrder"
-                                         << "INTEGER";
-    QTest::newRow("assayItem.precision") << config << "assayItem"
-                                         << "precision"
-                                         << "INTEGER";
-    QTest::newRow("assayItem.visible") << config << "assayItem"
-                                       << "visible"
-                                       << "INTEGER";
-    QTest::newRow("reagent.expiry") << qc << "reagent"
-                                    << "expiry"
-                                    << "DATE";
-    QTest::newRow("reagent.targetValue") << qc << "reagent"
-                                         << "targetValue"
-                                         << "REAL";
-    QTest::newRow("qcResult.time") << qc << "qcResult"
-                                   << "time"
-                                   << "DATETIME";
-    QTest::newRow("maintenanceRecord.date") << qc << "maintenanceRecord"
-                                            << "date"
-                                            << "DATE";
+    QTest::addColumn<QString>("type"); // of the column the row names
+    QTest::newRow("patient.id") << QStringLiteral("INTEGER");
+    QTest::newRow("patient.sampleNo") << QStringLiteral("TEXT");
+    QTest::newRow("patient.age") << QStringLiteral("INTEGER");
+    QTest::newRow("patient.collectTime") << QStringLiteral("DATETIME");
+    QTest::newRow("patient.receiveTime") << QStringLiteral("DATETIME");
+    QTest::newRow("patient.reportTime") << QStringLiteral("DATETIME");
+    QTest::newRow("patient.birthday") << QStringLiteral("DATE");
+    QTest::newRow("patient.checkTime") << QStringLiteral("TIME");
+    QTest::newRow("patient.printTime") << QStringLiteral("DATETIME");
+    QTest::newRow("result.flag") << QStringLiteral("INTEGER");
+    QTest::newRow("result.result") << QStringLiteral("TEXT");
+    QTest::newRow("result.lowerMarkLimit") << QStringLiteral("REAL");
+    QTest::newRow("result.displayOrder") << QStringLiteral("INTEGER");
+    QTest::newRow("assayItem.precision") << QStringLiteral("INTEGER");
+    QTest::newRow("assayItem.visible") << QStringLiteral("INTEGER");
+    QTest::newRow("reagent.expiry") << QStringLiteral("DATE");
+    QTest::newRow("reagent.targetValue") << QStringLiteral("REAL");
+    QTest::newRow("qcResult.time") << QStringLiteral("DATETIME");
+    QTest::newRow("maintenanceRecord.date") << QStringLiteral("DATE");
 }
 
 void TestLabData::declaredTypes()
 {
-    QFETCH(int, database);
-    QFETCH(QString, table);
-    QFETCH(QString, column);
     QFETCH(QString, type);
-
+    const QString table = QString::fromLatin1(QTest::currentDataTag()).section(QLatin1Char('.'), 0, 0);
+    const QString column = QString::fromLatin1(QTest::currentDataTag()).section(QLatin1Char('.'), 1);
     Profile profile;
     QVERIFY(generate(&profile, 1, 10, 3));
-    const QSqlDatabase dbs[] = {profile.database(), profile.dataDatabase(), profile.qcDatabase()};
-    QSqlQuery query(dbs[database]);
+    QSqlQuery query(table == QLatin1String("assayItem") ? profile.database()
+                    : table == QLatin1String("patient") || table == QLatin1String("result")
+                        ? profile.dataDatabase()
+                        : profile.qcDatabase());
     QVERIFY(query.exec(QStringLiteral("pragma table_info('%1')").arg(table)));
     QString declared;
     while (query.next()) {
