@@ -170,16 +170,13 @@ private Q_SLOTS:
     void cleanupTestCase();
     void header_data();
     void header();
-    void damagedHeader_data();
-    void damagedHeader();
     void roundTrip();
     void unknownKey_data();
     void unknownKey();
-    void truncatedPayload();
     void failedSave();
     void damagedFiles();
-    void templateCheck_data();
-    void templateCheck();
+    void damagedTemplates_data();
+    void damagedTemplates();
     void hostileTemplates_data();
     void hostileTemplates();
     void htmlReadsNothingOutside();
@@ -254,59 +251,6 @@ void tst_TemplateFile::header()
     QCOMPARE(Report::mimeType, QStringLiteral("application/x-qt-windows-mime;value=\"ReportItems\""));
 }
 
-void tst_TemplateFile::damagedHeader_data()
-{
-    QTest::addColumn<QByteArray>("bytes"); // null: no file at all
-    QTest::addColumn<int>("fileType");
-    QTest::addColumn<int>("type"); // after loading into a maintenance report
-    QTest::addColumn<QString>("error");
-    QTest::addColumn<int>("items");
-
-    Profile profile;
-    ItemFactory factory(&profile);
-    Report report(&profile, &factory);
-    report.setType(kv::QcReport);
-    place(report, new ReportRectItem, "Rect", {5, 5});
-    const QByteArray bytes = saved(report);
-    const int qc = kv::QcReport;
-    const int none = kv::NoReport;
-    for (const quint8 version : {0, 1, 2, 0x80, 0xFF}) {
-        const bool loads = version <= 1;
-        QTest::newRow(qPrintable(QStringLiteral("version %1").arg(version)))
-            << QByteArray(bytes).replace(4, 1, QByteArray(1, char(version))) << qc << qc
-            << (loads ? QString() : QStringLiteral("无法读取高版本的文档")) << (loads ? 1 : 0);
-    }
-    QTest::newRow("tag unreversed") << QByteArray(bytes).replace(0, 4, "nrpt") << none << none
-                                    << QStringLiteral("错误的文件格式") << 0;
-    QTest::newRow("too short for a tag")
-        << QByteArray("tpr") << none << none << QStringLiteral("错误的文件格式") << 0;
-    QFile missing(dir.filePath("header.rpt"));
-    QVERIFY(!missing.open(QIODevice::ReadOnly));
-    QTest::newRow("no file") << QByteArray() << none << int(kv::MaintenanceRecordReport)
-                             << missing.errorString() << 0;
-}
-
-void tst_TemplateFile::damagedHeader()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(int, fileType);
-    QFETCH(int, type);
-    QFETCH(QString, error);
-    QFETCH(int, items);
-    const QString fileName = dir.filePath("header.rpt");
-    QFile::remove(fileName);
-    if (!bytes.isNull())
-        QVERIFY(writeFile(fileName, bytes));
-    QCOMPARE(int(Report::fileType(fileName)), fileType);
-
-    Report loaded(&profile, factory.get());
-    loaded.setType(kv::MaintenanceRecordReport);
-    QCOMPARE(loaded.load(fileName), error.isEmpty());
-    QCOMPARE(int(loaded.type()), type);
-    QCOMPARE(loaded.errorString(), error);
-    QCOMPARE(loaded.reportItems().size(), items);
-}
-
 void tst_TemplateFile::roundTrip()
 {
     Report report(&profile, factory.get());
@@ -347,6 +291,12 @@ void tst_TemplateFile::roundTrip()
     // Loading again adds to what the scene holds.
     QVERIFY(loaded.load(fileName));
     QCOMPARE(loaded.reportItems().size(), 2 * placed);
+    // The item list on its own, cut short: false and empty.
+    QDataStream in(fileBytes(fileName).mid(37).chopped(3));
+    in.setVersion(QDataStream::Qt_4_6);
+    QList<ReportItem*> read = copies;
+    QVERIFY(!loaded.loadItems(in, read));
+    QVERIFY(read.isEmpty());
 }
 
 void tst_TemplateFile::unknownKey_data()
@@ -389,36 +339,6 @@ void tst_TemplateFile::unknownKey()
     }
     QCOMPARE(thrown, QStringLiteral("无法创建 %1 对象").arg(key));
     QVERIFY(items.isEmpty());
-}
-
-void tst_TemplateFile::truncatedPayload()
-{
-    Report report(&profile, factory.get());
-    report.setType(kv::PatientReport);
-    place(report, new ReportRectItem, "Rect", {5, 5});
-    auto* text = place(report, new ReportTextItem(true), "Text", {5, 50});
-    text->setPlainText(QStringLiteral("第二个"));
-    place(report, new ReportLineItem, "Line", {5, 90});
-    QCOMPARE(report.reportItems().at(1), text); // topmost first: line, text, rect
-
-    // Cut three bytes short of the end of the second record.
-    const int cut = recordStarts(report).at(2) - 3;
-    const QByteArray bytes = saved(report).left(cut);
-    const QString fileName = dir.filePath("truncated.rpt");
-    QVERIFY(writeFile(fileName, bytes));
-
-    Report loaded(&profile, factory.get());
-    QVERIFY(loaded.load(fileName));
-    QVERIFY(loaded.reportItems().isEmpty());
-    QCOMPARE(loaded.errorString(), QString());
-    QCOMPARE(loaded.type(), kv::PatientReport);
-
-    // The item list on its own: false and empty.
-    QDataStream in(bytes.mid(37));
-    in.setVersion(QDataStream::Qt_4_6);
-    QList<ReportItem*> read{text};
-    QVERIFY(!loaded.loadItems(in, read));
-    QVERIFY(read.isEmpty());
 }
 
 void tst_TemplateFile::failedSave()
@@ -537,19 +457,22 @@ void tst_TemplateFile::damagedFiles()
     }
 }
 
-void tst_TemplateFile::templateCheck_data()
+void tst_TemplateFile::damagedTemplates_data()
 {
     QTest::addColumn<QByteArray>("bytes"); // null: no file at all
-    QTest::addColumn<QString>("error");    // empty: the template is complete
+    QTest::addColumn<QString>("problem");  // what the check names; empty: the template is complete
+    QTest::addColumn<QString>("error");    // what loading says; empty: it loads
+    QTest::addColumn<int>("items");        // loaded
+    QTest::addColumn<int>("type");         // after loading into a maintenance report
 
     Profile profile;
     ItemFactory factory(&profile);
     Report report(&profile, &factory);
     report.setType(kv::PatientReport);
-    fill(report, &profile);
+    const int n = fill(report, &profile);
     const QList<ReportItem*> items = report.reportItems();
     const QByteArray bytes = saved(report);
-    const QString count = QString::number(items.size());
+    const QString count = QString::number(n);
     const QList<int> starts = recordStarts(report);
     auto indexOf = [&](const QString& key) {
         for (int i = 0; i < items.size(); ++i) {
@@ -566,70 +489,99 @@ void tst_TemplateFile::templateCheck_data()
         QDataStream(&out, QIODevice::WriteOnly) << value;
         return out;
     };
+    const QString loads;
+    const QString format = QStringLiteral("错误的文件格式");
+    const QString newer = QStringLiteral("无法读取高版本的文档");
+    const QString noKey = QStringLiteral("无法创建  对象"); // a frame cut before its key
+    const int patient = kv::PatientReport;
+    const int none = kv::NoReport;
+    const QString cutAt = QStringLiteral("文件在第 %1 个项目处被截断 (共 %2 个项目)");
+    const QString endedIn = QStringLiteral("文件在第 %1 个项目 (%2) 中结束, 或该项目已损坏 (共 %3 个项目)");
 
-    QTest::newRow("complete") << bytes << QString();
-    QTest::newRow("no file") << QByteArray() << QStringLiteral("文件不存在");
-    QTest::newRow("cut in the header") << bytes.left(20) << QStringLiteral("错误的文件格式");
+    QTest::newRow("complete") << bytes << QString() << loads << n << patient;
+    QTest::newRow("version 0") << patched(4, QByteArray(1, 0)) << QString() << loads << n << patient;
+    QTest::newRow("version 2") << patched(4, "\x02") << newer << newer << 0 << patient;
+    QTest::newRow("version 0x80") << patched(4, "\x80") << newer << newer << 0 << patient;
+    QTest::newRow("version 0xFF") << patched(4, "\xff") << newer << newer << 0 << patient;
+    QTest::newRow("tag unreversed") << patched(0, "nrpt") << format << format << 0 << none;
+    QTest::newRow("too short for a tag") << QByteArray("tpr") << format << format << 0 << none;
+    QFile missing(dir.filePath("damaged.rpt"));
+    QVERIFY(!missing.open(QIODevice::ReadOnly));
+    QTest::newRow("no file") << QByteArray() << QStringLiteral("文件不存在") << missing.errorString() << 0
+                             << int(kv::MaintenanceRecordReport);
+    QTest::newRow("cut in the header") << bytes.left(20) << format << format << 0 << patient;
     QTest::newRow("cut after the header")
-        << bytes.left(41) << QStringLiteral("文件在第 1 个项目处被截断 (共 %1 个项目)").arg(count);
-    QTest::newRow("cut in a frame") << bytes.left(starts.at(1) + 3)
-                                    << QStringLiteral("文件在第 2 个项目处被截断 (共 %1 个项目)").arg(count);
+        << bytes.left(41) << cutAt.arg(1).arg(count) << noKey << 0 << patient;
+    QTest::newRow("cut in a frame") << bytes.left(starts.at(1) + 3) << cutAt.arg(2).arg(count) << noKey << 0
+                                    << patient;
     QTest::newRow("cut in a payload")
-        << bytes.left(starts.at(2) - 3)
-        << QStringLiteral("文件在第 2 个项目 (%1) 中结束, 或该项目已损坏 (共 %2 个项目)")
-               .arg(items.at(1)->key(), count);
+        << bytes.left(starts.at(2) - 3) << endedIn.arg(2).arg(items.at(1)->key(), count) << loads << 0
+        << patient;
     QTest::newRow("one byte short") << bytes.left(bytes.size() - 1)
-                                    << QStringLiteral(
-                                           "文件在第 %1 个项目 (%2) 中结束, 或该项目已损坏 (共 %1 个项目)")
-                                           .arg(count, items.constLast()->key());
+                                    << endedIn.arg(count, items.constLast()->key(), count) << loads << 0
+                                    << patient;
     QTest::newRow("trailing bytes") << bytes + "xyz"
-                                    << QStringLiteral("最后一个项目之后还有 3 字节多余的数据");
-    QTest::newRow("dpi 0") << patched(5, QByteArray(4, 0)) << QStringLiteral("分辨率无效: 0 x 96 dpi");
+                                    << QStringLiteral("最后一个项目之后还有 3 字节多余的数据") << loads << n
+                                    << patient;
+    QTest::newRow("dpi 0") << patched(5, QByteArray(4, 0)) << QStringLiteral("分辨率无效: 0 x 96 dpi")
+                           << loads << n << patient;
     QTest::newRow("dpi negative") << patched(9, QByteArray::fromHex("ffffffa0"))
-                                  << QStringLiteral("分辨率无效: 96 x -96 dpi");
+                                  << QStringLiteral("分辨率无效: 96 x -96 dpi") << loads << n << patient;
     QTest::newRow("page width negative")
-        << patched(21, doubleBytes(-210)) << QStringLiteral("纸张尺寸无效: -210 x 297 mm");
+        << patched(21, doubleBytes(-210)) << QStringLiteral("纸张尺寸无效: -210 x 297 mm") << loads << n
+        << patient;
     QTest::newRow("page height 0") << patched(29, doubleBytes(0))
-                                   << QStringLiteral("纸张尺寸无效: 210 x 0 mm");
+                                   << QStringLiteral("纸张尺寸无效: 210 x 0 mm") << loads << n << patient;
     QTest::newRow("negative count") << bytes.left(37) + QByteArray::fromHex("ffffffff")
-                                    << QStringLiteral("项目数无效: -1");
+                                    << QStringLiteral("项目数无效: -1") << loads << 0 << patient;
 
     const int image = indexOf(QStringLiteral("Image"));
     const int png = bytes.indexOf("\x89PNG", starts.at(image));
     QVERIFY(image >= 0 && png > 0 && png < starts.at(image + 1));
     QTest::newRow("undecodable image")
-        << patched(png + 1, "XXX")
-        << QStringLiteral("文件在第 %1 个项目 (Image) 中结束, 或该项目已损坏 (共 %2 个项目)")
-               .arg(image + 1)
-               .arg(count);
+        << patched(png + 1, "XXX") << endedIn.arg(image + 1).arg(QStringLiteral("Image"), count) << loads << 0
+        << patient;
     // The result table's row count follows its frame (key, position, transform) and version byte.
     const int table = indexOf(QStringLiteral("Results"));
     QVERIFY(table >= 0);
     const int rows = starts.at(table + 1) - payloadOf(items.at(table)).size() + 1;
+    const QString tooLarge = QStringLiteral("模板超出限制：一个表格的单元格数不能超过 100000。");
     QTest::newRow("over-large grid count")
         << patched(rows, QByteArray::fromHex("7fffffff"))
-        << QStringLiteral("第 %1 个项目 (Results): 模板超出限制：一个表格的单元格数不能超过 100000。")
-               .arg(table + 1);
+        << QStringLiteral("第 %1 个项目 (Results): ").arg(table + 1) + tooLarge << tooLarge << 0 << patient;
 
     Report unknown(&profile, &factory);
     unknown.setType(kv::QcReport);
     place(unknown, new ReportRectItem, "Gadget", {5, 50});
     place(unknown, new ReportLineItem, "Line", {5, 90});
-    QTest::newRow("unknown key") << saved(unknown) << QStringLiteral("第 2 个项目: 无法创建 Gadget 对象");
+    QTest::newRow("unknown key") << saved(unknown) << QStringLiteral("第 2 个项目: 无法创建 Gadget 对象")
+                                 << QStringLiteral("无法创建 Gadget 对象") << 0 << int(kv::QcReport);
 }
 
-// Whatever Report::load makes of a damaged template, the check names the damage and the item.
-void tst_TemplateFile::templateCheck()
+// What loading makes of a damaged template (the page without its items, or nothing with a
+// message), and the check naming the damage and the item.
+void tst_TemplateFile::damagedTemplates()
 {
     QFETCH(QByteArray, bytes);
+    QFETCH(QString, problem);
     QFETCH(QString, error);
-    const QString fileName = dir.filePath(QStringLiteral("checked.rpt"));
+    QFETCH(int, items);
+    QFETCH(int, type);
+    const QString fileName = dir.filePath(QStringLiteral("damaged.rpt"));
     QFile::remove(fileName);
     if (!bytes.isNull())
         QVERIFY(writeFile(fileName, bytes));
     TemplateCheck check(factory.get());
-    QCOMPARE(check.check(fileName), error.isEmpty());
-    QCOMPARE(check.errorString(), error);
+    QCOMPARE(check.check(fileName), problem.isEmpty());
+    QCOMPARE(check.errorString(), problem);
+    QCOMPARE(int(Report::fileType(fileName)), bytes.isNull() ? int(kv::NoReport) : type);
+
+    Report loaded(&profile, factory.get());
+    loaded.setType(kv::MaintenanceRecordReport);
+    QCOMPARE(loaded.load(fileName), error.isEmpty());
+    QCOMPARE(loaded.errorString(), error);
+    QCOMPARE(loaded.reportItems().size(), items);
+    QCOMPARE(int(loaded.type()), type);
 }
 
 // Templates made to hang, crash or exhaust the loader: each loads to what it can show, or is
