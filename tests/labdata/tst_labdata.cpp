@@ -48,12 +48,16 @@ QString dumpAll(Profile& profile)
            dump(profile.qcDatabase());
 }
 
-QVariant scalar(QSqlDatabase db, const QString& sql)
+// The first value a query gives, as text.
+QString scalar(QSqlDatabase db, const QString& sql)
 {
     QSqlQuery query(db);
-    if (!query.exec(sql) || !query.next())
-        return QVariant();
-    return query.value(0);
+    return query.exec(sql) && query.next() ? query.value(0).toString() : QString();
+}
+
+int count(QSqlDatabase db, const QString& from)
+{
+    return scalar(db, QStringLiteral("select count(*) ") + from).toInt();
 }
 
 bool generate(Profile* profile, quint32 seed, int patients = 120, int points = 60)
@@ -205,7 +209,7 @@ void TestLabData::storedDatesAndTimes()
     QCOMPARE(previous.date(), QDate(2024, 6, 28));
     QCOMPARE(
         scalar(profile.dataDatabase(), QStringLiteral("select min(substr(collectTime, 1, 10)) from patient")),
-        QVariant(QStringLiteral("2024-06-24")));
+        QStringLiteral("2024-06-24"));
 
     QSqlQuery qc(profile.qcDatabase());
     QVERIFY(qc.exec(QStringLiteral("select time from qcResult union all select expiry from reagent")));
@@ -328,27 +332,18 @@ void TestLabData::patientsAndResults()
     for (int count : flagged)
         QVERIFY(count > 0);
     // Most results are normal: abnormal ones are the exception.
-    const int total = scalar(data, QStringLiteral("select count(*) from result")).toInt();
+    const int total = count(data, QStringLiteral("from result"));
     QVERIFY(flagged[0] + flagged[1] < total / 3);
-    QCOMPARE(
-        scalar(data, QStringLiteral("select count(*) from result where flag & 4 and flag & 1 = 0")).toInt(),
-        0);
-    QCOMPARE(
-        scalar(data, QStringLiteral("select count(*) from result r left join patient p on p.id = r.patientId "
-                                    "where p.id is null"))
-            .toInt(),
-        0);
-    QCOMPARE(scalar(profile.database(), QStringLiteral("select count(*) from assayItem where visible = 0"))
-                 .toInt(),
-             2);
+    QCOMPARE(count(data, QStringLiteral("from result where flag & 4 and flag & 1 = 0")), 0);
+    QCOMPARE(count(data, QStringLiteral(
+                             "from result r left join patient p on p.id = r.patientId where p.id is null")),
+             0);
+    QCOMPARE(count(profile.database(), QStringLiteral("from assayItem where visible = 0")), 2);
     // Anticoagulation clinic samples ask for the PT alone.
     const QString monitoring = QStringLiteral("from result r join patient p on p.id = r.patientId "
                                               "where p.diagnosis = '华法林用药监测'");
-    QVERIFY(scalar(data, QStringLiteral("select count(*) ") + monitoring).toInt() > 0);
-    QCOMPARE(
-        scalar(data, QStringLiteral("select count(*) ") + monitoring + QStringLiteral(" and r.item != 'PT'"))
-            .toInt(),
-        0);
+    QVERIFY(count(data, monitoring) > 0);
+    QCOMPARE(count(data, monitoring + QStringLiteral(" and r.item != 'PT'")), 0);
 }
 
 void TestLabData::qcSeries()
@@ -378,8 +373,7 @@ void TestLabData::qcSeries()
         }
         // Lots: "N" for the normal or low level, "P" for the pathological or high one.
         const QString lot =
-            scalar(profile.qcDatabase(), QStringLiteral("select lot from reagent where id = %1").arg(id))
-                .toString();
+            scalar(profile.qcDatabase(), QStringLiteral("select lot from reagent where id = %1").arg(id));
         QCOMPARE(lot.at(0), data->controlNo % 2 ? QLatin1Char('N') : QLatin1Char('P'));
         if (data->hasLimits) {
             QVERIFY(data->lowerStopLimit < data->lowerMarkLimit && data->lowerMarkLimit < data->targetValue);
@@ -492,14 +486,12 @@ void TestLabData::options()
     generator.setLastDay(QDate()); // ignored
     QCOMPARE(generator.patientCount(), 0);
     QVERIFY(generator.generate());
-    QCOMPARE(scalar(profile.dataDatabase(), QStringLiteral("select count(*) from patient")).toInt(), 0);
-    QCOMPARE(scalar(profile.qcDatabase(), QStringLiteral("select count(*) from qcResult")).toInt(), 14 * 7);
-    QCOMPARE(
-        scalar(profile.qcDatabase(), QStringLiteral("select max(time) from qcResult")).toString().left(10),
-        QStringLiteral("2023-01-02"));
-    QCOMPARE(
-        scalar(profile.qcDatabase(), QStringLiteral("select min(date) from maintenanceRecord")).toString(),
-        QStringLiteral("2022-11-01"));
+    QCOMPARE(count(profile.dataDatabase(), QStringLiteral("from patient")), 0);
+    QCOMPARE(count(profile.qcDatabase(), QStringLiteral("from qcResult")), 14 * 7);
+    QCOMPARE(scalar(profile.qcDatabase(), QStringLiteral("select max(time) from qcResult")).left(10),
+             QStringLiteral("2023-01-02"));
+    QCOMPARE(scalar(profile.qcDatabase(), QStringLiteral("select min(date) from maintenanceRecord")),
+             QStringLiteral("2022-11-01"));
 }
 
 void TestLabData::failures()

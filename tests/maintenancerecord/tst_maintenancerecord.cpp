@@ -1,5 +1,6 @@
 #include "../common/viewdriver.h"
 #include "../common/widgetitemtesting.h"
+#include "../common/workspace.h"
 
 #include <chartitems.h>
 #include <core/profile.h>
@@ -9,8 +10,6 @@
 #include <kvcore/maintenancerecordmodel.h>
 #include <kvcore/maintenancerecords.h>
 #include <kvcore/maintenancetableview.h>
-#include <kvcore/workspace.h>
-#include <labdata/labdatabasegenerator.h>
 #include <recttracker.h>
 #include <report.h>
 #include <reportprinter.h>
@@ -30,22 +29,6 @@
 using namespace coagulation;
 
 namespace {
-
-struct Lab
-{
-    Lab()
-    {
-        LabDatabaseGenerator generator(&profile, 7);
-        generator.setPatientCount(0);
-        generator.setQcPointCount(0);
-        generator.setMaintenanceMonths(2);
-        ok = generator.generate();
-        workbenches = MaintenanceRecords(&profile).workbenches();
-    }
-    Profile profile;
-    bool ok = false;
-    QList<Workbench> workbenches;
-};
 
 // Records straight from the database: "MM-dd task operator result remark" per record.
 QStringList databaseRecords(Profile* profile, int workbench, int recordType, const QString& month)
@@ -92,14 +75,15 @@ private Q_SLOTS:
     void payloadRoundTrip();
 
 private:
-    std::unique_ptr<Lab> m_lab; // generated once: read only by the tests
+    test::DemoWorkspace m_lab{7, test::DemoWorkspace::InMemory}; // generated once
+    QList<Workbench> m_workbenches;
 };
 
 void tst_MaintenanceRecord::initTestCase()
 {
-    m_lab = std::make_unique<Lab>();
-    QVERIFY(m_lab->ok);
-    QCOMPARE(m_lab->workbenches.size(), 2);
+    QVERIFY2(m_lab.create({0, 0, 2}), qPrintable(m_lab.errorString()));
+    m_workbenches = MaintenanceRecords(m_lab.profile()).workbenches();
+    QCOMPARE(m_workbenches.size(), 2);
 }
 
 // Without maintenance data the table is the empty daily one, and stays so whatever binds data.
@@ -141,9 +125,7 @@ void tst_MaintenanceRecord::emptyTable()
 
 void tst_MaintenanceRecord::consecutiveRecordTypes()
 {
-    Lab& lab = *m_lab;
-    QVERIFY(!lab.workbenches.isEmpty());
-    Report report(&lab.profile, nullptr);
+    Report report(m_lab.profile(), nullptr);
     auto* upper = new ReportMaintenanceRecordItem;
     auto* lower = new ReportMaintenanceRecordItem;
     report.addItem(upper);
@@ -151,7 +133,7 @@ void tst_MaintenanceRecord::consecutiveRecordTypes()
     upper->setZValue(2); // filled first
     lower->setZValue(1);
 
-    Workbench workbench = lab.workbenches.first();
+    Workbench workbench = m_workbenches.first();
     MaintenanceExportData data{&workbench, QDate(2024, 6, 12), MaintenanceManager::MonthlyMaintenance};
     report.prepareMaintenanceData(&data);
     QCOMPARE(titles({upper, lower}), (QStringList{QStringLiteral("日保养"), QStringLiteral("周保养")}));
@@ -178,12 +160,10 @@ void tst_MaintenanceRecord::consecutiveRecordTypes()
 
 void tst_MaintenanceRecord::monthOfRealRecords()
 {
-    Lab& lab = *m_lab;
-    QCOMPARE(lab.workbenches.size(), 2);
-    for (const Workbench& bench : lab.workbenches) {
+    for (const Workbench& bench : m_workbenches) {
         for (const int type : {1, 2, 3}) {
             const QStringList expected =
-                databaseRecords(&lab.profile, bench.id(), type, QStringLiteral("2024-06"));
+                databaseRecords(m_lab.profile(), bench.id(), type, QStringLiteral("2024-06"));
             QVERIFY(!expected.isEmpty());
             Workbench workbench = bench;
             MaintenanceRecordModel model(&workbench, QDate(2024, 6, 30),
@@ -223,7 +203,7 @@ void tst_MaintenanceRecord::monthOfRealRecords()
         }
     }
     // The month is the month of the day given; another month shows other days.
-    Workbench workbench = lab.workbenches.first();
+    Workbench workbench = m_workbenches.first();
     MaintenanceRecordModel model(&workbench, QDate(2024, 5, 2), MaintenanceManager::DailyMaintenance);
     QCOMPARE(model.headerData(0, Qt::Vertical).toString().left(2), QStringLiteral("05"));
     model.updateInfo(&workbench, QDate(2023, 1, 1), MaintenanceManager::DailyMaintenance);
@@ -236,11 +216,10 @@ void tst_MaintenanceRecord::monthOfRealRecords()
 
 void tst_MaintenanceRecord::sizedToContents()
 {
-    Lab& lab = *m_lab;
-    Report report(&lab.profile, nullptr);
+    Report report(m_lab.profile(), nullptr);
     auto* item = new ReportMaintenanceRecordItem;
     report.addItem(item);
-    Workbench workbench = lab.workbenches.first();
+    Workbench workbench = m_workbenches.first();
     MaintenanceExportData data{&workbench, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance};
     report.prepareMaintenanceData(&data);
 
@@ -289,17 +268,12 @@ void tst_MaintenanceRecord::sizedToContents()
 // pixels, and printed by the printing service each comes out whole and nothing else.
 void tst_MaintenanceRecord::printedTables()
 {
-    Lab& lab = *m_lab;
-    QTemporaryDir dir;
-    const QDir templates(dir.filePath(QStringLiteral("templates")));
-    QVERIFY(QDir().mkpath(templates.path()));
-    Workspace workspace(&lab.profile, templates);
     ReportPrinter printer;
-    printer.setWorkspace(&workspace);
-    Workbench workbench = lab.workbenches.at(1);
-    const QString fileName = templates.filePath(QStringLiteral("maintenance.rpt"));
+    printer.setWorkspace(m_lab.workspace());
+    Workbench workbench = m_workbenches.at(1);
+    const QString fileName = m_lab.templatePath(QStringLiteral("maintenance"));
     {
-        Report built(&lab.profile, printer.itemFactory());
+        Report built(m_lab.profile(), printer.itemFactory());
         built.setType(kv::MaintenanceRecordReport);
         QFont font(QStringLiteral("Noto Sans CJK SC"));
         font.setPixelSize(11);
@@ -324,7 +298,7 @@ void tst_MaintenanceRecord::printedTables()
         QVERIFY(built.save(fileName));
     }
     // The page as the printing service makes it.
-    Report report(&lab.profile, printer.itemFactory());
+    Report report(m_lab.profile(), printer.itemFactory());
     QVERIFY(report.load(fileName));
     MaintenanceExportData data{&workbench, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance};
     report.prepareMaintenanceData(&data);
@@ -358,7 +332,7 @@ void tst_MaintenanceRecord::printedTables()
         QVERIFY2(dark > 10, qPrintable(item->view()->title()));
     }
 
-    lab.profile.setValue(QStringLiteral("report/maintenanceRecord"), QStringLiteral("maintenance"));
+    m_lab.profile()->setValue(QStringLiteral("report/maintenanceRecord"), QStringLiteral("maintenance"));
     QTemporaryDir tmp;
     const QString pdfPath =
         QDir(test::outputDir(QStringLiteral("maintenance"), tmp)).filePath(QStringLiteral("maintenance.pdf"));

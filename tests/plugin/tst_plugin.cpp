@@ -22,12 +22,10 @@ class tst_Plugin : public QObject
 
 private Q_SLOTS:
     void initTestCase();
-    void metadata();
     void oneInstance();
     void metacast_data();
     void metacast();
     void createPrinters();
-    void printerMetaObject();
     void notFound();
 
 private:
@@ -38,10 +36,6 @@ void tst_Plugin::initTestCase()
 {
     m_plugin = PluginLocator().findPlugin(QStringLiteral("velra.kv.dataStorageFactoryInterface"));
     QVERIFY2(!m_plugin.isEmpty(), qPrintable(PluginLocator::defaultFolders().join(QLatin1Char(' '))));
-}
-
-void tst_Plugin::metadata()
-{
     const QJsonObject metaData = QPluginLoader(m_plugin).metaData();
     QCOMPARE(metaData.value(QLatin1String("IID")).toString(),
              QStringLiteral("velra.kv.dataStorageFactoryInterface"));
@@ -111,17 +105,9 @@ void tst_Plugin::createPrinters()
     QVERIFY(first && second);
     QVERIFY(first.get() != second.get());
     QVERIFY(!first->parent());
-    QVERIFY(first->inherits("coagulation::ReportPrinter"));
     QCOMPARE(first->metaObject()->className(), "coagulation::ReportPrinter");
-}
 
-void tst_Plugin::printerMetaObject()
-{
-    PluginLocator locator;
-    DataStorageFactoryInterface* factory = locator.dataStorageFactory();
-    QVERIFY(factory);
-    std::unique_ptr<DataStorage> printer(factory->create());
-
+    // The slots a host calls, and the printer's page loops.
     const QMetaObject* storage = &DataStorage::staticMetaObject;
     QStringList storageSlots;
     for (int i = storage->methodOffset(); i < storage->methodCount(); ++i)
@@ -134,8 +120,7 @@ void tst_Plugin::printerMetaObject()
                  "store(QList<coagulation::QcExportData*>,coagulation::DataStorage::StoreMode)",
                  "store(QList<qint64>,QSqlDatabase,coagulation::DataStorage::StoreMode)",
              }));
-
-    const QMetaObject* meta = printer->metaObject();
+    const QMetaObject* meta = first->metaObject();
     QCOMPARE(meta->superClass(), storage);
     QStringList printerSlots;
     for (int i = meta->methodOffset(); i < meta->methodCount(); ++i)
