@@ -16,12 +16,10 @@ class tst_Report : public QObject
 private Q_SLOTS:
     void pageSetup_data();
     void pageSetup();
-    void resolutionPerAxis();
     void snapGrid_data();
     void snapGrid();
     void snapAngle_data();
     void snapAngle();
-    void typeName();
     void metaObjectInterface();
     void movesAreSnappedAndRecordedOnce();
     void reportItemsSkipsForeignItems();
@@ -69,31 +67,6 @@ void tst_Report::pageSetup()
     QCOMPARE(int(printer.pageLayout().orientation()), orientation);
     QVERIFY(printer.fullPage());
     QCOMPARE(printer.resolution(), 300); // left alone
-}
-
-// Each axis has its own resolution; only a loaded template changes them.
-void tst_Report::resolutionPerAxis()
-{
-    Report source(nullptr, nullptr);
-    source.setType(kv::PatientReport);
-    source.setOrientation(QPageLayout::Landscape);
-    QByteArray bytes;
-    {
-        QDataStream out(&bytes, QIODevice::WriteOnly);
-        QVERIFY(source.save(out));
-    }
-    {
-        QDataStream patch(&bytes, QIODevice::ReadWrite);
-        patch.device()->seek(5); // after the type tag and the format version
-        patch << qint32(150) << qint32(300);
-    }
-    Report report(nullptr, nullptr);
-    QDataStream in(bytes);
-    QVERIFY2(report.load(in), qPrintable(report.errorString()));
-    QCOMPARE(report.dpiX(), 150);
-    QCOMPARE(report.dpiY(), 300);
-    QCOMPARE(report.pageSizeF(), QSizeF(210, 297));
-    QCOMPARE(report.sceneRect(), QRectF(0, 0, 297 * 150 / 25.4, 210 * 300 / 25.4));
 }
 
 void tst_Report::snapGrid_data()
@@ -152,15 +125,6 @@ void tst_Report::snapAngle()
     QVERIFY2(qAbs(result.length() - 50) < 1e-9, qPrintable(QString::number(result.length())));
     QVERIFY2(qAbs(std::remainder(result.angle() - expected, 360.0)) < 1e-9,
              qPrintable(QString::number(result.angle())));
-}
-
-void tst_Report::typeName()
-{
-    QCOMPARE(Report::typeName(kv::PatientReport), QStringLiteral("样本报告单"));
-    QCOMPARE(Report::typeName(kv::QcReport), QStringLiteral("质控报告单"));
-    QCOMPARE(Report::typeName(kv::MaintenanceRecordReport), QStringLiteral("维护记录报告单"));
-    QCOMPARE(Report::typeName(kv::NoReport), QString());
-    QCOMPARE(Report::typeName(kv::ReportType(7)), QString());
 }
 
 void tst_Report::metaObjectInterface()

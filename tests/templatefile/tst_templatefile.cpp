@@ -211,16 +211,21 @@ void tst_TemplateFile::header_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<QByteArray>("tag");
-    QTest::newRow("patient") << int(kv::PatientReport) << QByteArray("tprn");
-    QTest::newRow("qc") << int(kv::QcReport) << QByteArray("tprq");
-    QTest::newRow("maintenance") << int(kv::MaintenanceRecordReport) << QByteArray("tprm");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("patient") << int(kv::PatientReport) << QByteArray("tprn") << QStringLiteral("样本报告单");
+    QTest::newRow("qc") << int(kv::QcReport) << QByteArray("tprq") << QStringLiteral("质控报告单");
+    QTest::newRow("maintenance") << int(kv::MaintenanceRecordReport) << QByteArray("tprm")
+                                 << QStringLiteral("维护记录报告单");
 }
 
-// An empty report of each type: its exact bytes, and read back.
+// An empty report of each type: its name, its exact bytes, and read back.
 void tst_TemplateFile::header()
 {
     QFETCH(int, type);
     QFETCH(QByteArray, tag);
+    QFETCH(QString, name);
+    QCOMPARE(Report::typeName(kv::ReportType(type)), name);
+    QCOMPARE(Report::typeName(kv::ReportType(4 * type - 1)), QString()); // no type: -1, 3, 7
     Report report(&profile, factory.get());
     report.setType(kv::ReportType(type));
     // Version 1, 96 x 96 dpi, A4 portrait, 210 x 297 mm, no items.
@@ -289,8 +294,16 @@ void tst_TemplateFile::roundTrip()
     // Loading again adds to what the scene holds.
     QVERIFY(loaded.load(fileName));
     QCOMPARE(loaded.reportItems().size(), 2 * placed);
+    // Each axis has its own resolution; only a loaded template changes them.
+    QByteArray bytes = fileBytes(fileName);
+    Report dense(&profile, factory.get());
+    QDataStream dpi(QByteArray(bytes).replace(5, 8, test::streamed(qint32(150), qint32(300))));
+    QVERIFY(dense.load(dpi));
+    QCOMPARE(dense.dpiX(), 150);
+    QCOMPARE(dense.dpiY(), 300);
+    QCOMPARE(dense.sceneRect(), QRectF(0, 0, 50 * 150 / 25.4, 100 * 300 / 25.4));
     // The item list on its own, cut short: false and empty.
-    QDataStream in(fileBytes(fileName).mid(37).chopped(3));
+    QDataStream in(bytes.mid(37).chopped(3));
     in.setVersion(QDataStream::Qt_4_6);
     QList<ReportItem*> read = copies;
     QVERIFY(!loaded.loadItems(in, read));
