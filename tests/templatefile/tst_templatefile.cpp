@@ -8,7 +8,6 @@
 #include <templatecheck.h>
 #include <tracker.h>
 
-#include <QBuffer>
 #include <QFile>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -351,10 +350,8 @@ void tst_TemplateFile::damagedFiles()
     QList<int> payloads; // where each record's payload begins
     for (int i = 0; i < placed; ++i)
         payloads.append(starts.at(i + 1) - payloadOf(report.reportItems().at(i)).size());
-    auto load = [&](QByteArray damaged, Report& loaded) {
-        QBuffer buffer(&damaged);
-        buffer.open(QIODevice::ReadOnly);
-        QDataStream in(&buffer);
+    auto load = [](const QByteArray& damaged, Report& loaded) {
+        QDataStream in(damaged);
         return loaded.load(in);
     };
 
