@@ -1,5 +1,6 @@
 #include "../common/dialoganswerer.h"
 #include "../common/viewdriver.h"
+#include "../common/workspace.h"
 
 #include <designerdialogs.h>
 #include <designerwindow.h>
@@ -23,7 +24,6 @@
 #include <databounditems.h>
 #include <drawingitems.h>
 #include <itemfactory.h>
-#include <labdata/labdatabasegenerator.h>
 #include <report.h>
 #include <reportitemcreator.h>
 #include <templatecheck.h>
@@ -47,7 +47,6 @@
 #include <QSpinBox>
 #include <QSqlQuery>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QToolBox>
 #include <QToolButton>
 #include <QtTest>
@@ -159,12 +158,13 @@ private Q_SLOTS:
 private:
     ReportTextItem* addText(const QString& text, const QPointF& pos);
     ReportRectItem* addRect(const QRectF& rect);
+    ReportItem* add(const QString& key, const QPointF& pos = QPointF());
     void drag(const QPointF& from, const QPointF& to) { test::ViewDriver(window->view()).drag(from, to); }
     QList<ReportItem*> items() const { return window->report()->reportItems(); }
     QUndoStack* stack() const { return window->report()->undoStack(); }
 
-    QTemporaryDir dir;
-    std::unique_ptr<Profile> profile;
+    test::DemoWorkspace lab{7};
+    Profile* profile = nullptr;
     std::unique_ptr<ItemFactory> factory;
     std::unique_ptr<DesignerWindow> window;
     ScriptedDialogs* dialogs = nullptr;
@@ -176,19 +176,15 @@ void tst_Designer::initTestCase()
     QCoreApplication::setOrganizationName(QStringLiteral("CoagulationTest"));
     QCoreApplication::setApplicationName(QStringLiteral("tst_designer"));
     QSettings().clear(); // a grid or snap setting left by an earlier run would move every drag
-    QVERIFY(dir.isValid());
     // A workspace on disk: the preview works on a copy of it.
-    profile = std::make_unique<Profile>(dir.filePath(QStringLiteral("workspace/profile.ini")));
-    LabDatabaseGenerator lab(profile.get(), 7);
-    lab.setPatientCount(12);
-    lab.setQcPointCount(20);
-    QVERIFY2(lab.generate(), qPrintable(lab.errorString()));
-    factory = std::make_unique<ItemFactory>(profile.get());
+    QVERIFY2(lab.create({12, 20, 3}), qPrintable(lab.errorString()));
+    profile = lab.profile();
+    factory = std::make_unique<ItemFactory>(profile);
 }
 
 void tst_Designer::init()
 {
-    window = std::make_unique<DesignerWindow>(profile.get(), factory.get());
+    window = std::make_unique<DesignerWindow>(profile, factory.get());
     auto scripted = std::make_unique<ScriptedDialogs>();
     dialogs = scripted.get();
     window->setDialogs(std::move(scripted));
@@ -220,6 +216,16 @@ ReportRectItem* tst_Designer::addRect(const QRectF& rect)
     item->setKey(QStringLiteral("Rect"));
     item->setRect(QRectF(QPointF(), rect.size()));
     item->setPos(rect.topLeft());
+    stack()->push(new NewCommand(window->report(), item));
+    return item;
+}
+
+// An item as the factory makes it for key, added as one undo step.
+ReportItem* tst_Designer::add(const QString& key, const QPointF& pos)
+{
+    ReportItem* item = factory->create(key);
+    item->setKey(key);
+    item->graphicsItem()->setPos(pos);
     stack()->push(new NewCommand(window->report(), item));
     return item;
 }
@@ -529,7 +535,7 @@ void tst_Designer::titleAndClosing()
 
 void tst_Designer::previewDataFromWorkspace()
 {
-    PreviewData data(profile.get());
+    PreviewData data(profile);
     const QList<PreviewData::Option> patients = data.patients();
     QCOMPARE(patients.size(), 12);
     QVERIFY(patients.first().value.toLongLong() > patients.last().value.toLongLong());
@@ -599,7 +605,7 @@ void tst_Designer::copyPasteSelection()
     QCOMPARE(items().size(), 3);
 
     // Into another designer window, through the clipboard.
-    DesignerWindow other(profile.get(), factory.get());
+    DesignerWindow other(profile, factory.get());
     other.setDialogs(std::make_unique<ScriptedDialogs>());
     other.editor()->paste();
     QCOMPARE(other.report()->reportItems().size(), 2);
@@ -645,8 +651,8 @@ void tst_Designer::saveReopenCompare()
     window->report()->setPageSize(QPageSize::A5);
     QVERIFY(window->isWindowModified());
 
-    const QString path = dir.filePath(QStringLiteral("result.rpt"));
-    dialogs->saveName = dir.filePath(QStringLiteral("result")); // the suffix is added
+    const QString path = lab.filePath(QStringLiteral("result.rpt"));
+    dialogs->saveName = lab.filePath(QStringLiteral("result")); // the suffix is added
     QVERIFY(window->action(QStringLiteral("save"))->isEnabled());
     window->action(QStringLiteral("save"))->trigger();
     QVERIFY(QFileInfo::exists(path));
@@ -655,7 +661,7 @@ void tst_Designer::saveReopenCompare()
     QCOMPARE(window->recentFiles()->files().value(0), QFileInfo(path).absoluteFilePath());
     QCOMPARE(Report::fileType(path), kv::PatientReport);
 
-    DesignerWindow reopened(profile.get(), factory.get());
+    DesignerWindow reopened(profile, factory.get());
     reopened.setDialogs(std::make_unique<ScriptedDialogs>());
     QVERIFY(reopened.openFile(path));
     Report* copy = reopened.report();
@@ -680,7 +686,7 @@ void tst_Designer::openErrorShowsReportText()
 {
     addRect(QRectF(0, 0, 10, 10));
     Report* current = window->report();
-    const QString path = dir.filePath(QStringLiteral("broken.rpt"));
+    const QString path = lab.filePath(QStringLiteral("broken.rpt"));
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("not a template");
@@ -692,14 +698,14 @@ void tst_Designer::openErrorShowsReportText()
     QCOMPARE(dialogs->errors.value(0), QStringLiteral("无法打开模板 broken.rpt\n错误的文件格式"));
     QCOMPARE(window->report(), current); // the document in the window stays
 
-    QVERIFY(!window->openFile(dir.filePath(QStringLiteral("missing.rpt"))));
+    QVERIFY(!window->openFile(lab.filePath(QStringLiteral("missing.rpt"))));
     QVERIFY(dialogs->errors.value(1).startsWith(QStringLiteral("无法打开模板 missing.rpt\n")));
     QCOMPARE(dialogs->errors.size(), 2);
 
     // A template cut short inside its last item opens as what could be read, with a warning;
     // saving over it is asked first, and a "no" leaves the file as it was.
     addText(QStringLiteral("凝血"), QPointF(10, 10));
-    const QString damaged = dir.filePath(QStringLiteral("damaged.rpt"));
+    const QString damaged = lab.filePath(QStringLiteral("damaged.rpt"));
     QVERIFY(window->saveFile(damaged));
     const qint64 size = QFileInfo(damaged).size() - 6;
     QVERIFY(QFile::resize(damaged, size));
@@ -719,16 +725,13 @@ void tst_Designer::openErrorShowsReportText()
 void tst_Designer::previewThroughPlugin()
 {
     // Without a workspace the user hears why nothing is shown.
-    window->setWorkspaceDirectory(dir.filePath(QStringLiteral("nowhere")));
+    window->setWorkspaceDirectory(lab.filePath(QStringLiteral("nowhere")));
     QVERIFY(!window->preview());
     QVERIFY(dialogs->errors.value(0).contains(QStringLiteral("profile.ini")));
 
-    window->setWorkspaceDirectory(dir.filePath(QStringLiteral("workspace")));
+    window->setWorkspaceDirectory(QFileInfo(lab.profileFile()).path());
     addText(QStringLiteral("凝血检验报告单"), QPointF(100, 40));
-    ReportItem* name = factory->create(QStringLiteral("field:/patient/name"));
-    name->setKey(QStringLiteral("field:/patient/name"));
-    name->graphicsItem()->setPos(100, 100);
-    stack()->push(new NewCommand(window->report(), name));
+    add(QStringLiteral("field:/patient/name"), QPointF(100, 100));
 
     const QString workspaceFile = profile->fileName();
     auto printedTimes = [&] {
@@ -777,12 +780,12 @@ void tst_Designer::recentFiles()
         recent.remove(name);
     QVERIFY(!menu.isEnabled());
     for (int i = 0; i < 10; ++i)
-        recent.add(dir.filePath(QStringLiteral("t%1.rpt").arg(i)));
+        recent.add(lab.filePath(QStringLiteral("t%1.rpt").arg(i)));
     QStringList files = recent.files();
     QCOMPARE(files.size(), RecentFiles::maximum);
     QCOMPARE(QFileInfo(files.first()).fileName(), QStringLiteral("t9.rpt"));
     QCOMPARE(QFileInfo(files.last()).fileName(), QStringLiteral("t2.rpt"));
-    recent.add(dir.filePath(QStringLiteral("t5.rpt"))); // opened again: first, not twice
+    recent.add(lab.filePath(QStringLiteral("t5.rpt"))); // opened again: first, not twice
     files = recent.files();
     QCOMPARE(files.size(), RecentFiles::maximum);
     QCOMPARE(QFileInfo(files.first()).fileName(), QStringLiteral("t5.rpt"));
@@ -887,10 +890,7 @@ void tst_Designer::propertyRows()
 {
     QFETCH(QString, key);
     QFETCH(QString, rows);
-    ReportItem* item = factory->create(key);
-    QVERIFY(item);
-    item->setKey(key);
-    stack()->push(new NewCommand(window->report(), item));
+    ReportItem* item = add(key);
     PropertyPanel* panel = window->propertyPanel();
     QVERIFY(!panel->fontFamilyBox()->isVisibleTo(panel)); // nothing selected: nothing to edit
     item->graphicsItem()->setSelected(true);
@@ -923,13 +923,10 @@ void tst_Designer::propertyEdits()
     QCOMPARE(panel->textEdit()->toPlainText(), QStringLiteral("凝血"));
 
     // A field shows another column: one step, in the same place and style.
-    ReportItem* field = factory->create(QStringLiteral("field:/patient/name"));
-    field->setKey(QStringLiteral("field:/patient/name"));
-    field->graphicsItem()->setPos(100, 200);
+    ReportItem* field = add(QStringLiteral("field:/patient/name"), QPointF(100, 200));
     QFont font(QStringLiteral("Noto Sans CJK SC"));
     font.setPixelSize(18);
     field->setFont(font);
-    stack()->push(new NewCommand(window->report(), field));
     window->report()->clearSelection();
     field->graphicsItem()->setSelected(true);
     QComboBox* binding = panel->bindingBox();
@@ -956,10 +953,7 @@ void tst_Designer::outlineAndContextMenu()
 {
     ReportRectItem* rect = addRect(QRectF(20, 20, 100, 50));
     ReportTextItem* text = addText(QStringLiteral("凝血检验报告单"), QPointF(200, 30));
-    ReportItem* field = factory->create(QStringLiteral("field:/patient/name"));
-    field->setKey(QStringLiteral("field:/patient/name"));
-    field->graphicsItem()->setPos(300, 300);
-    stack()->push(new NewCommand(window->report(), field));
+    ReportItem* field = add(QStringLiteral("field:/patient/name"), QPointF(300, 300));
     ItemOutline* outline = window->outline();
     QCOMPARE(outline->topLevelItemCount(), 3);
     QStringList rows;
