@@ -227,15 +227,10 @@ void tst_TemplateFile::header()
     QCOMPARE(Report::typeName(kv::ReportType(4 * type - 1)), QString()); // no type: -1, 3, 7
     Report report(&profile, factory.get());
     report.setType(kv::ReportType(type));
-    // Version 1, 96 x 96 dpi, A4 portrait, 210 x 297 mm, no items.
-    const QByteArray expected = tag + QByteArray::fromHex("01"
-                                                          "00000060"
-                                                          "00000060"
-                                                          "00000007"
-                                                          "00000000"
-                                                          "406a400000000000"
-                                                          "4072900000000000"
-                                                          "00000000");
+    // Version 1, 96 x 96 dpi, A4 (7) portrait (0), 210 x 297 mm, no items.
+    const QByteArray expected =
+        tag +
+        QByteArray::fromHex("0100000060000000600000000700000000406a400000000000407290000000000000000000");
     QCOMPARE(saved(report), expected);
     const QString fileName = dir.filePath(QStringLiteral("type%1.").arg(type) + Report::suffix);
     QVERIFY(report.save(fileName));

@@ -62,10 +62,8 @@ QStringList collisions(const Report& report)
         for (int j = i + 1; j < items.size(); ++j) {
             if (OverflowCheck::overlap(a, OverflowCheck::inkRect(items.at(j)->graphicsItem())))
                 found.append(QStringLiteral("%1 at %2,%3 / %4")
-                                 .arg(items.at(i)->key())
-                                 .arg(a.x())
-                                 .arg(a.y())
-                                 .arg(items.at(j)->key()));
+                                 .arg(items.at(i)->key(), QString::number(a.x()), QString::number(a.y()),
+                                      items.at(j)->key()));
         }
     }
     return found;
