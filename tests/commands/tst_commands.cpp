@@ -15,13 +15,10 @@ private Q_SLOTS:
     void ids();
     void propertySwaps_data();
     void propertySwaps();
-    void boldAsymmetry();
-    void italicCountsOblique();
-    void fontSizeRestoresPointSize();
+    void fontUndoEdges();
     void recordingCommandsChangeNothingOnPush();
-    void geometryCommand();
+    void geometryAndTransform();
     void positionMerge();
-    void transformCommand();
     void setupPage();
     void textMerge();
     void newCommandOwnership();
@@ -87,47 +84,28 @@ void tst_Commands::propertySwaps()
     start.setPixelSize(11);
     text->setFont(start);
 
-    QUndoCommand* command = nullptr;
-    std::function<QVariant()> read;
-    QVariant before, after;
-    if (property == "pen") {
-        command = new PenCommand(rect, QPen(Qt::red, 3));
-        read = [=] {
-            return QVariant::fromValue(rect->pen());
-        };
-        after = QVariant::fromValue(QPen(Qt::red, 3));
-    } else if (property == "brush") {
-        command = new BrushCommand(rect, QBrush(Qt::blue));
-        read = [=] {
-            return QVariant::fromValue(rect->brush());
-        };
-        after = QVariant::fromValue(QBrush(Qt::blue));
-    } else if (property == "family") {
-        command = new FontFamilyCommand(text, QStringLiteral("Noto Serif CJK SC"));
-        read = [=] {
-            return QVariant(text->font().family());
-        };
-        after = QStringLiteral("Noto Serif CJK SC");
-    } else if (property == "underline") {
-        command = new FontUnderlineCommand(text, true);
-        read = [=] {
-            return QVariant(text->font().underline());
-        };
-        after = true;
-    } else if (property == "alignment") {
-        command = new TextAlignmentCommand(text, Qt::AlignRight);
-        read = [=] {
-            return QVariant(int(text->alignment()));
-        };
-        after = int(Qt::AlignRight);
-    } else {
-        command = new FontSizeCommand(text, 24);
-        read = [=] {
-            return QVariant(text->font().pixelSize());
-        };
-        after = 24;
-    }
-    before = read();
+    // The command, how to read what it changes, and the value it sets.
+    const auto swap = [&]() -> std::tuple<QUndoCommand*, std::function<QVariant()>, QVariant> {
+        if (property == "pen")
+            return {new PenCommand(rect, QPen(Qt::red, 3)), [=] { return QVariant::fromValue(rect->pen()); },
+                    QVariant::fromValue(QPen(Qt::red, 3))};
+        if (property == "brush")
+            return {new BrushCommand(rect, QBrush(Qt::blue)),
+                    [=] { return QVariant::fromValue(rect->brush()); },
+                    QVariant::fromValue(QBrush(Qt::blue))};
+        if (property == "family")
+            return {new FontFamilyCommand(text, QStringLiteral("Noto Serif CJK SC")),
+                    [=] { return QVariant(text->font().family()); }, QStringLiteral("Noto Serif CJK SC")};
+        if (property == "underline")
+            return {new FontUnderlineCommand(text, true), [=] { return QVariant(text->font().underline()); },
+                    true};
+        if (property == "alignment")
+            return {new TextAlignmentCommand(text, Qt::AlignRight),
+                    [=] { return QVariant(int(text->alignment())); }, int(Qt::AlignRight)};
+        return {new FontSizeCommand(text, 24), [=] { return QVariant(text->font().pixelSize()); }, 24};
+    };
+    const auto [command, read, after] = swap();
+    const QVariant before = read();
     QVERIFY(before != after);
     report.undoStack()->push(command);
     QCOMPARE(read(), after);
@@ -146,7 +124,8 @@ void tst_Commands::propertySwaps()
     QCOMPARE(read(), after);
 }
 
-void tst_Commands::boldAsymmetry()
+// Font commands record a flag or a pixel size; undo writes back what that flag or size means.
+void tst_Commands::fontUndoEdges()
 {
     ReportTextItem text(true);
     QFont font = text.font();
@@ -171,12 +150,7 @@ void tst_Commands::boldAsymmetry()
     QCOMPARE(text.font().weight(), 400);
     off.undo();
     QCOMPARE(text.font().weight(), 700);
-}
 
-void tst_Commands::italicCountsOblique()
-{
-    ReportTextItem text(true);
-    QFont font = text.font();
     font.setStyle(QFont::StyleOblique);
     text.setFont(font);
     FontItalicCommand normal(&text, false);
@@ -184,12 +158,7 @@ void tst_Commands::italicCountsOblique()
     QCOMPARE(text.font().style(), QFont::StyleNormal);
     normal.undo();
     QCOMPARE(text.font().style(), QFont::StyleItalic);
-}
 
-void tst_Commands::fontSizeRestoresPointSize()
-{
-    ReportTextItem text(true);
-    QFont font = text.font();
     font.setPointSizeF(10.5);
     text.setFont(font);
     FontSizeCommand size(&text, 20);
@@ -240,7 +209,7 @@ void tst_Commands::recordingCommandsChangeNothingOnPush()
     QCOMPARE(rect->pos(), QPointF(0, 0));
 }
 
-void tst_Commands::geometryCommand()
+void tst_Commands::geometryAndTransform()
 {
     Report report(nullptr, nullptr);
     auto* line = new ReportLineItem;
@@ -257,6 +226,19 @@ void tst_Commands::geometryCommand()
     command.redo();
     QCOMPARE(line->line(), QLineF(5, 5, 50, 70));
     QCOMPARE(line->pos(), QPointF(20, 20));
+
+    auto* image = new ReportImageItem;
+    report.addItem(image);
+    image->setPos(7, 7);
+    TransformCommand transform({image});
+    image->setTransform(QTransform::fromScale(2, 3));
+    image->setPos(9, 9);
+    transform.undo();
+    QVERIFY(image->transform().isIdentity());
+    QCOMPARE(image->pos(), QPointF(9, 9)); // positions are refreshed, never restored
+    transform.redo();
+    QCOMPARE(image->transform(), QTransform::fromScale(2, 3));
+    QVERIFY(image->isSelected());
 }
 
 void tst_Commands::positionMerge()
@@ -287,23 +269,6 @@ void tst_Commands::positionMerge()
     stack->redo();
     QCOMPARE(a->pos(), QPointF(20, 0));
     QCOMPARE(b->pos(), QPointF(0, 10));
-}
-
-void tst_Commands::transformCommand()
-{
-    Report report(nullptr, nullptr);
-    auto* image = new ReportImageItem;
-    report.addItem(image);
-    image->setPos(7, 7);
-    TransformCommand command({image});
-    image->setTransform(QTransform::fromScale(2, 3));
-    image->setPos(9, 9);
-    command.undo();
-    QVERIFY(image->transform().isIdentity());
-    QCOMPARE(image->pos(), QPointF(9, 9)); // positions are refreshed, never restored
-    command.redo();
-    QCOMPARE(image->transform(), QTransform::fromScale(2, 3));
-    QVERIFY(image->isSelected());
 }
 
 void tst_Commands::setupPage()

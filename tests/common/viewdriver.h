@@ -2,6 +2,8 @@
 
 // Drives a real graphics view with mouse events, the way a user's hand would.
 
+#include <report.h>
+
 #include <QApplication>
 #include <QGraphicsView>
 #include <QMouseEvent>
@@ -23,6 +25,8 @@ public:
         if (!QTest::qWaitForWindowExposed(&view))
             qWarning("view not exposed");
     }
+    // Drives a view shown by someone else, such as a designer window's page.
+    explicit ViewDriver(QGraphicsView* shown) : target(shown) {}
 
     void press(const QPointF& scenePos, Qt::MouseButton button = Qt::LeftButton,
                Qt::KeyboardModifiers modifiers = Qt::NoModifier)
@@ -49,7 +53,10 @@ public:
     }
 
     // The scene point a view pixel stands for: where an event at scenePos really lands.
-    QPointF landing(const QPointF& scenePos) const { return view.mapToScene(view.mapFromScene(scenePos)); }
+    QPointF landing(const QPointF& scenePos) const
+    {
+        return target->mapToScene(target->mapFromScene(scenePos));
+    }
 
     QGraphicsView view;
 
@@ -57,12 +64,22 @@ private:
     void send(QEvent::Type type, const QPointF& scenePos, Qt::MouseButton button,
               Qt::KeyboardModifiers modifiers)
     {
-        const QPoint local = view.mapFromScene(scenePos);
-        QMouseEvent event(type, local, view.viewport()->mapToGlobal(local), button, buttons, modifiers);
-        QApplication::sendEvent(view.viewport(), &event);
+        const QPoint local = target->mapFromScene(scenePos);
+        QMouseEvent event(type, local, target->viewport()->mapToGlobal(local), button, buttons, modifiers);
+        QApplication::sendEvent(target->viewport(), &event);
     }
 
+    QGraphicsView* target = &view;
     Qt::MouseButtons buttons;
+};
+
+// A design-mode report in a driven view.
+struct DesignCanvas
+{
+    DesignCanvas() : report(nullptr, nullptr), driver(&report) { report.setDesignMode(true); }
+
+    Report report;
+    ViewDriver driver;
 };
 
 } // namespace coagulation::test

@@ -112,7 +112,6 @@ private Q_SLOTS:
     void pickMachines_data();
     void pickMachines();
     void dragCreatesOneItem();
-    void clickCommitsZeroSizeItem();
     void refusedPickIsDropped();
     void metaObjectInterface();
     void otherButtonsPassThrough();
@@ -135,18 +134,18 @@ void TestItemCreator::pickMachines_data()
 
     const int click = ReportItemCreator::ClickPointSelection;
     const int drag = ReportItemCreator::DragRectSelection;
-    QTest::newRow("click: left press")
-        << click << QStringList{"pL", "m", "rL"} << QStringList{"013", "", ""} << 0;
-    QTest::newRow("click: other input")
-        << click << QStringList{"pR", "dL", "K"} << QStringList{"", "", ""} << 0;
-    QTest::newRow("drag: press, moves, release")
-        << drag << QStringList{"pL", "m", "mL", "rL"} << QStringList{"011", "2", "2", "3"} << 0;
-    QTest::newRow("drag: idle ignores all but a left press")
-        << drag << QStringList{"m", "rL", "pR", "dL", "K"} << QStringList{"", "", "", "", ""} << 0;
-    QTest::newRow("drag: any release ends")
-        << drag << QStringList{"pL", "rR"} << QStringList{"011", "3"} << 0;
-    QTest::newRow("drag: presses and other events while dragging")
-        << drag << QStringList{"pL", "pL", "pR", "dL", "K"} << QStringList{"011", "", "", "", ""} << 1;
+    const auto row = [](const char* name, int mode, const QStringList& events, const QStringList& actions,
+                        int finalState) {
+        QTest::newRow(name) << mode << events << actions << finalState;
+    };
+    row("click: left press", click, {"pL", "m", "rL"}, {"013", "", ""}, 0);
+    row("click: other input", click, {"pR", "dL", "K"}, {"", "", ""}, 0);
+    row("drag: press, moves, release", drag, {"pL", "m", "mL", "rL"}, {"011", "2", "2", "3"}, 0);
+    row("drag: idle ignores all but a left press", drag, {"m", "rL", "pR", "dL", "K"}, {"", "", "", "", ""},
+        0);
+    row("drag: any release ends", drag, {"pL", "rR"}, {"011", "3"}, 0);
+    row("drag: presses and other events while dragging", drag, {"pL", "pL", "pR", "dL", "K"},
+        {"011", "", "", "", ""}, 1);
 }
 
 void TestItemCreator::pickMachines()
@@ -173,19 +172,17 @@ void TestItemCreator::pickMachines()
 
 void TestItemCreator::dragCreatesOneItem()
 {
-    Report report(nullptr, nullptr);
-    report.setDesignMode(true);
-    test::ViewDriver driver(&report);
+    test::DesignCanvas c;
     TestCreator<ReportRectItem> creator({QStringLiteral("Rect")});
     QSignalSpy created(&creator, &ReportItemCreator::created);
     QSignalSpy finished(&creator, &ReportItemCreator::finished);
-    creator.enter(&driver.view);
-    QCOMPARE(creator.report(), &report);
-    QCOMPARE(creator.view(), &driver.view);
+    creator.enter(&c.driver.view);
+    QCOMPARE(creator.report(), &c.report);
+    QCOMPARE(creator.view(), &c.driver.view);
 
-    driver.press({52, 48});
+    c.driver.press({52, 48});
     QCOMPARE(created.count(), 1);
-    ReportRectItem* item = onlyRect(report);
+    ReportRectItem* item = onlyRect(c.report);
     QVERIFY(item);
     QCOMPARE(created.at(0).at(0).value<ReportItem*>(), static_cast<ReportItem*>(item));
     QCOMPARE(creator.reportItem(), static_cast<ReportItem*>(item));
@@ -193,43 +190,35 @@ void TestItemCreator::dragCreatesOneItem()
     QVERIFY(item->isSelected());
     QCOMPARE(item->rect(), QRectF(50, 50, 0, 0)); // two equal snapped points
 
-    driver.move({90, 94});
+    c.driver.move({90, 94});
     QCOMPARE(item->rect(), QRectF(50, 50, 40, 40)); // reshaped live
-    driver.move({149, 151});
+    c.driver.move({149, 151});
     QCOMPARE(item->rect(), QRectF(50, 50, 100, 100));
-    QCOMPARE(report.undoStack()->count(), 0);
+    QCOMPARE(c.report.undoStack()->count(), 0);
     QCOMPARE(finished.count(), 0);
 
-    driver.release({149, 151});
-    QCOMPARE(report.undoStack()->count(), 1);
+    c.driver.release({149, 151});
+    QCOMPARE(c.report.undoStack()->count(), 1);
     QCOMPARE(finished.count(), 1);
     QCOMPARE(finished.at(0).at(0).value<ReportItem*>(), nullptr);
     QVERIFY(!creator.reportItem());
     QVERIFY(!creator.isActive());
-    QCOMPARE(onlyRect(report), item);
-    QCOMPARE(item->scene(), &report);
+    QCOMPARE(onlyRect(c.report), item);
+    QCOMPARE(item->scene(), &c.report);
 
-    report.undo();
-    QVERIFY(report.reportItems().isEmpty());
-    report.redo();
-    QCOMPARE(onlyRect(report), item);
+    c.report.undo();
+    QVERIFY(c.report.reportItems().isEmpty());
+    c.report.redo();
+    QCOMPARE(onlyRect(c.report), item);
     QCOMPARE(item->rect(), QRectF(50, 50, 100, 100));
-}
 
-void TestItemCreator::clickCommitsZeroSizeItem()
-{
-    Report report(nullptr, nullptr);
-    report.setDesignMode(true);
-    test::ViewDriver driver(&report);
-    TestCreator<ReportRectItem> creator;
-    creator.enter(&driver.view);
-
-    driver.press({71, 69});
-    driver.release({71, 69});
-    ReportRectItem* item = onlyRect(report);
-    QVERIFY(item);
-    QCOMPARE(item->rect(), QRectF(70, 70, 0, 0));
-    QCOMPARE(report.undoStack()->count(), 1);
+    // A click without a move makes an item of no size.
+    c.driver.press({71, 69});
+    c.driver.release({71, 69});
+    auto* dot = dynamic_cast<ReportRectItem*>(created.at(1).at(0).value<ReportItem*>());
+    QVERIFY(dot);
+    QCOMPARE(dot->rect(), QRectF(70, 70, 0, 0));
+    QCOMPARE(c.report.undoStack()->count(), 2);
 }
 
 // A tool that keeps only picks of some size.
@@ -244,22 +233,20 @@ protected:
 
 void TestItemCreator::refusedPickIsDropped()
 {
-    Report report(nullptr, nullptr);
-    report.setDesignMode(true);
-    test::ViewDriver driver(&report);
+    test::DesignCanvas c;
     SizedRectCreator creator;
     QSignalSpy finished(&creator, &ReportItemCreator::finished);
-    creator.enter(&driver.view);
+    creator.enter(&c.driver.view);
 
-    driver.drag({50, 50}, {61, 90}); // 10 wide after snapping: refused
-    QVERIFY(report.reportItems().isEmpty());
-    QCOMPARE(report.undoStack()->count(), 0);
+    c.driver.drag({50, 50}, {61, 90}); // 10 wide after snapping: refused
+    QVERIFY(c.report.reportItems().isEmpty());
+    QCOMPARE(c.report.undoStack()->count(), 0);
     QCOMPARE(finished.count(), 1);
     QCOMPARE(finished.at(0).at(0).value<ReportItem*>(), nullptr);
 
-    driver.drag({50, 50}, {81, 90});
-    QVERIFY(onlyRect(report));
-    QCOMPARE(report.undoStack()->count(), 1);
+    c.driver.drag({50, 50}, {81, 90});
+    QVERIFY(onlyRect(c.report));
+    QCOMPARE(c.report.undoStack()->count(), 1);
 }
 
 // The host connects to the tool by name: signals first, then the public slots, in this order.
@@ -281,43 +268,41 @@ void TestItemCreator::metaObjectInterface()
 
 void TestItemCreator::otherButtonsPassThrough()
 {
-    Report report(nullptr, nullptr);
-    report.setDesignMode(true);
-    test::ViewDriver driver(&report);
+    test::DesignCanvas c;
     PassedEvents passed;
-    report.installEventFilter(&passed); // before the tool: it sees what the tool lets through
+    c.report.installEventFilter(&passed); // before the tool: it sees what the tool lets through
     TestCreator<ReportRectItem> creator;
     QSignalSpy created(&creator, &ReportItemCreator::created);
-    creator.enter(&driver.view);
+    creator.enter(&c.driver.view);
 
-    driver.move({30, 30}); // idle moves go to the scene
-    driver.press({40, 40}, Qt::RightButton);
-    driver.move({80, 80});
-    driver.release({80, 80}, Qt::RightButton);
-    driver.press({40, 40}, Qt::MiddleButton);
-    driver.release({40, 40}, Qt::MiddleButton);
+    c.driver.move({30, 30}); // idle moves go to the scene
+    c.driver.press({40, 40}, Qt::RightButton);
+    c.driver.move({80, 80});
+    c.driver.release({80, 80}, Qt::RightButton);
+    c.driver.press({40, 40}, Qt::MiddleButton);
+    c.driver.release({40, 40}, Qt::MiddleButton);
     QCOMPARE(passed.presses, 2);
     QCOMPARE(passed.releases, 2);
     QCOMPARE(passed.moves, 2);
     QCOMPARE(created.count(), 0);
-    QVERIFY(report.reportItems().isEmpty());
-    QCOMPARE(report.undoStack()->count(), 0);
+    QVERIFY(c.report.reportItems().isEmpty());
+    QCOMPARE(c.report.undoStack()->count(), 0);
     QVERIFY(!creator.isActive());
 
     // A left drag is the tool's alone.
-    driver.drag({40, 40}, {80, 80});
+    c.driver.drag({40, 40}, {80, 80});
     QCOMPARE(passed.presses, 2);
     QCOMPARE(passed.moves, 2);
     QCOMPARE(passed.releases, 2);
-    QCOMPARE(report.undoStack()->count(), 1);
+    QCOMPARE(c.report.undoStack()->count(), 1);
 
     // Left, the tool lets everything through again.
     creator.leave();
     QVERIFY(!creator.report());
     QVERIFY(!creator.view());
-    driver.drag({100, 100}, {150, 150});
+    c.driver.drag({100, 100}, {150, 150});
     QCOMPARE(passed.presses, 3);
-    QCOMPARE(report.undoStack()->count(), 1);
+    QCOMPARE(c.report.undoStack()->count(), 1);
 }
 
 void TestItemCreator::snapping_data()
@@ -349,16 +334,14 @@ void TestItemCreator::snapping()
     QFETCH(QPointF, start);
     QFETCH(QPointF, end);
 
-    Report report(nullptr, nullptr);
-    report.setDesignMode(true);
-    test::ViewDriver driver(&report);
-    QCOMPARE(driver.landing(from), from);
-    QCOMPARE(driver.landing(to), to);
+    test::DesignCanvas c;
+    QCOMPARE(c.driver.landing(from), from);
+    QCOMPARE(c.driver.landing(to), to);
     TestCreator<ReportLineItem> creator;
-    creator.enter(&driver.view);
+    creator.enter(&c.driver.view);
 
-    driver.drag(from, to, Qt::KeyboardModifiers(modifiers));
-    const QList<ReportItem*> items = report.reportItems();
+    c.driver.drag(from, to, Qt::KeyboardModifiers(modifiers));
+    const QList<ReportItem*> items = c.report.reportItems();
     QCOMPARE(items.size(), 1);
     auto* line = dynamic_cast<ReportLineItem*>(items.first());
     QVERIFY(line);
@@ -368,72 +351,66 @@ void TestItemCreator::snapping()
 
 void TestItemCreator::unchangedMoveKeepsGeometry()
 {
-    Report report(nullptr, nullptr);
-    report.setDesignMode(true);
-    test::ViewDriver driver(&report);
+    test::DesignCanvas c;
     TestCreator<CountingRectItem> creator;
-    creator.enter(&driver.view);
+    creator.enter(&c.driver.view);
 
-    driver.press({50, 50});
+    c.driver.press({50, 50});
     auto* item = dynamic_cast<CountingRectItem*>(creator.reportItem());
     QVERIFY(item);
     QCOMPARE(item->updates, 2); // one per appended point
-    driver.move({53, 52});      // the same grid point
+    c.driver.move({53, 52});    // the same grid point
     QCOMPARE(item->updates, 2);
-    driver.move({61, 50});
+    c.driver.move({61, 50});
     QCOMPARE(item->updates, 3);
-    driver.move({59, 54});
+    c.driver.move({59, 54});
     QCOMPARE(item->updates, 3);
-    driver.release({59, 54});
+    c.driver.release({59, 54});
     QCOMPARE(item->rect(), QRectF(50, 50, 10, 0));
 }
 
 void TestItemCreator::leaveInTheMiddleOfADrag()
 {
-    Report report(nullptr, nullptr);
-    report.setDesignMode(true);
-    test::ViewDriver driver(&report);
+    test::DesignCanvas c;
     TestCreator<ReportRectItem> creator;
     QSignalSpy finished(&creator, &ReportItemCreator::finished);
-    creator.enter(&driver.view);
+    creator.enter(&c.driver.view);
 
-    driver.press({50, 50});
-    driver.move({100, 100});
-    QCOMPARE(report.reportItems().size(), 1);
+    c.driver.press({50, 50});
+    c.driver.move({100, 100});
+    QCOMPARE(c.report.reportItems().size(), 1);
     creator.leave();
-    QVERIFY(report.reportItems().isEmpty());
+    QVERIFY(c.report.reportItems().isEmpty());
     QCOMPARE(finished.count(), 1);
     QCOMPARE(finished.at(0).at(0).value<ReportItem*>(), nullptr);
     QVERIFY(creator.isActive());
     QCOMPARE(creator.machine()->state(), int(DragRectMachine::Dragging));
 
     // Back on the view, the drag goes on without an item: only the points change.
-    creator.enter(&driver.view);
-    driver.move({150, 120});
+    creator.enter(&c.driver.view);
+    c.driver.move({150, 120});
     QCOMPARE(creator.selection(), QPolygonF({QPointF(50, 50), QPointF(150, 120)}));
-    QVERIFY(report.reportItems().isEmpty());
-    driver.release({150, 120});
+    QVERIFY(c.report.reportItems().isEmpty());
+    c.driver.release({150, 120});
     QVERIFY(!creator.isActive());
     QCOMPARE(creator.machine()->state(), int(DragRectMachine::Idle));
     QCOMPARE(finished.count(), 1);
-    QCOMPARE(report.undoStack()->count(), 0);
+    QCOMPARE(c.report.undoStack()->count(), 0);
 
     // The next drag starts afresh.
-    driver.drag({200, 200}, {260, 230});
-    QVERIFY(onlyRect(report));
-    QCOMPARE(onlyRect(report)->rect(), QRectF(200, 200, 60, 30));
-    QCOMPARE(report.undoStack()->count(), 1);
+    c.driver.drag({200, 200}, {260, 230});
+    QVERIFY(onlyRect(c.report));
+    QCOMPARE(onlyRect(c.report)->rect(), QRectF(200, 200, 60, 30));
+    QCOMPARE(c.report.undoStack()->count(), 1);
 }
 
 void TestItemCreator::prepareAcceptReject()
 {
-    Report report(nullptr, nullptr);
-    report.setDesignMode(true);
-    test::ViewDriver driver(&report);
+    test::DesignCanvas c;
     TestCreator<ReportRectItem> creator{QStringList()};
     QSignalSpy created(&creator, &ReportItemCreator::created);
     QSignalSpy finished(&creator, &ReportItemCreator::finished);
-    creator.enter(&driver.view);
+    creator.enter(&c.driver.view);
 
     // Nothing pending: accept and reject are silent, finish always speaks.
     creator.accept();
@@ -444,16 +421,16 @@ void TestItemCreator::prepareAcceptReject()
     QCOMPARE(finished.at(0).at(0).value<ReportItem*>(), nullptr);
 
     auto* existing = new ReportRectItem;
-    report.addItem(existing);
+    c.report.addItem(existing);
     existing->setSelected(true);
     auto* first = new ReportRectItem;
     first->setKey(QStringLiteral("old"));
     creator.prepare(first);
     QCOMPARE(first->key(), QString()); // a tool without keys gives an empty key
     QCOMPARE(created.count(), 1);
-    QCOMPARE(first->scene(), &report);
+    QCOMPARE(first->scene(), &c.report);
     // The new item becomes the only selection.
-    QCOMPARE(report.selectedItems(), QList<QGraphicsItem*>{first});
+    QCOMPARE(c.report.selectedItems(), QList<QGraphicsItem*>{first});
     delete existing;
 
     auto* second = new ReportRectItem;
@@ -461,7 +438,7 @@ void TestItemCreator::prepareAcceptReject()
     QCOMPARE(finished.count(), 2);
     QCOMPARE(finished.at(1).at(0).value<ReportItem*>(), nullptr);
     QCOMPARE(created.count(), 2);
-    QCOMPARE(report.reportItems(), QList<ReportItem*>{second});
+    QCOMPARE(c.report.reportItems(), QList<ReportItem*>{second});
     QVERIFY(second->isSelected());
 
     creator.finish();
@@ -470,46 +447,44 @@ void TestItemCreator::prepareAcceptReject()
 
     creator.reject();
     QCOMPARE(finished.count(), 4);
-    QVERIFY(report.reportItems().isEmpty());
-    QCOMPARE(report.undoStack()->count(), 0);
+    QVERIFY(c.report.reportItems().isEmpty());
+    QCOMPARE(c.report.undoStack()->count(), 0);
 
     auto* third = new ReportRectItem;
     creator.prepare(third);
     creator.accept();
     QCOMPARE(finished.count(), 5);
-    QCOMPARE(report.undoStack()->count(), 1);
-    QCOMPARE(report.reportItems(), QList<ReportItem*>{third});
+    QCOMPARE(c.report.undoStack()->count(), 1);
+    QCOMPARE(c.report.reportItems(), QList<ReportItem*>{third});
 }
 
 void TestItemCreator::toolWithoutItems()
 {
-    Report report(nullptr, nullptr);
-    report.setDesignMode(true);
-    test::ViewDriver driver(&report);
+    test::DesignCanvas c;
     TestCreator<void> creator;
     QSignalSpy created(&creator, &ReportItemCreator::created);
     QSignalSpy finished(&creator, &ReportItemCreator::finished);
-    creator.enter(&driver.view);
+    creator.enter(&c.driver.view);
 
-    driver.press({50, 50});
-    driver.move({90, 70});
+    c.driver.press({50, 50});
+    c.driver.move({90, 70});
     QCOMPARE(creator.selection(), QPolygonF({QPointF(50, 50), QPointF(90, 70)}));
-    driver.release({90, 70});
-    QVERIFY(report.reportItems().isEmpty());
+    c.driver.release({90, 70});
+    QVERIFY(c.report.reportItems().isEmpty());
     QCOMPARE(created.count(), 0);
     QCOMPARE(finished.count(), 0);
-    QCOMPARE(report.undoStack()->count(), 0);
+    QCOMPARE(c.report.undoStack()->count(), 0);
 
     // Clicks of a click tool end at once.
     TestCreator<ReportRectItem> clicker(QStringList(), ReportItemCreator::ClickPointSelection);
     creator.leave();
-    clicker.enter(&driver.view);
-    driver.press({120, 40});
+    clicker.enter(&c.driver.view);
+    c.driver.press({120, 40});
     QVERIFY(!clicker.isActive());
     QCOMPARE(clicker.selection(), QPolygonF({QPointF(120, 40)}));
-    QCOMPARE(onlyRect(report)->rect().topLeft(), QPointF(120, 40)); // a one-point geometry
-    driver.release({120, 40});
-    QCOMPARE(report.undoStack()->count(), 1);
+    QCOMPARE(onlyRect(c.report)->rect().topLeft(), QPointF(120, 40)); // a one-point geometry
+    c.driver.release({120, 40});
+    QCOMPARE(c.report.undoStack()->count(), 1);
 }
 
 QTEST_MAIN(TestItemCreator)
