@@ -84,8 +84,7 @@ private Q_SLOTS:
     void qcSeries();
     void maintenance();
     void displayNames();
-    void options();
-    void failures();
+    void optionsAndFailures();
 };
 
 void TestLabData::determinism()
@@ -93,7 +92,6 @@ void TestLabData::determinism()
     QTemporaryDir dirA;
     QTemporaryDir dirB;
     QTemporaryDir dirC;
-    QVERIFY(dirA.isValid() && dirB.isValid() && dirC.isValid());
     QString first;
     {
         Profile a(dirA.filePath(QStringLiteral("lab.ini")));
@@ -458,7 +456,7 @@ void TestLabData::displayNames()
     QVERIFY(!reopened.value(QStringLiteral("patient/id")).isValid());
 }
 
-void TestLabData::options()
+void TestLabData::optionsAndFailures()
 {
     Profile profile;
     LabDatabaseGenerator generator(&profile, 9);
@@ -477,10 +475,8 @@ void TestLabData::options()
              QStringLiteral("2023-01-02"));
     QCOMPARE(scalar(profile.qcDatabase(), QStringLiteral("select min(date) from maintenanceRecord")),
              QStringLiteral("2022-11-01"));
-}
 
-void TestLabData::failures()
-{
+    // No profile, or a closed database: nothing to generate.
     QVERIFY(!LabDatabaseGenerator(nullptr).generate());
 
     Profile closed;
@@ -490,18 +486,18 @@ void TestLabData::failures()
     QCOMPARE(noData.errorString(), QStringLiteral("The data database is not open"));
 
     // A failing statement rolls the database back to what it held before.
-    Profile profile;
-    QVERIFY(generate(&profile, 4, 30, 5));
-    QSqlQuery query(profile.dataDatabase());
+    Profile rolled;
+    QVERIFY(generate(&rolled, 4, 30, 5));
+    QSqlQuery query(rolled.dataDatabase());
     QVERIFY(query.exec(QStringLiteral("drop index patient_sampleNo")));
     QVERIFY(query.exec(QStringLiteral("create table patient_sampleNo (x)")));
-    const QString before = dump(profile.dataDatabase());
-    LabDatabaseGenerator blocked(&profile, 5);
+    const QString before = dump(rolled.dataDatabase());
+    LabDatabaseGenerator blocked(&rolled, 5);
     QVERIFY(!blocked.generate());
     QVERIFY2(
         blocked.errorString().startsWith(QLatin1String("The data database: CREATE INDEX patient_sampleNo")),
         qPrintable(blocked.errorString()));
-    QCOMPARE(dump(profile.dataDatabase()), before);
+    QCOMPARE(dump(rolled.dataDatabase()), before);
 }
 
 QTEST_GUILESS_MAIN(TestLabData)
