@@ -90,20 +90,13 @@ void TestAnalysisResult::marks_data()
     QTest::newRow("all bits") << 65535 << QString() << "↑↑";
     QTest::newRow("other bits only") << int(AnalysisResult::AboveRange | AnalysisResult::Edited) << QString()
                                      << "";
-    QTest::newRow("letters high") << 1 << "letters"
-                                  << "H";
-    QTest::newRow("letters low") << 2 << "letters"
-                                 << "L";
-    QTest::newRow("letters all bits") << 65535 << "letters"
-                                      << "HH";
-    QTest::newRow("letters critical low") << 10 << "letters"
-                                          << "LL";
-    QTest::newRow("arrows named") << 2 << "arrows"
-                                  << "↓";
-    QTest::newRow("unknown style is arrows") << 1 << "emoji"
-                                             << "↑";
-    QTest::newRow("style none") << 65535 << "none"
-                                << "";
+    QTest::newRow("letters high") << 1 << QStringLiteral("letters") << "H";
+    QTest::newRow("letters low") << 2 << QStringLiteral("letters") << "L";
+    QTest::newRow("letters all bits") << 65535 << QStringLiteral("letters") << "HH";
+    QTest::newRow("letters critical low") << 10 << QStringLiteral("letters") << "LL";
+    QTest::newRow("arrows named") << 2 << QStringLiteral("arrows") << "↓";
+    QTest::newRow("unknown style is arrows") << 1 << QStringLiteral("emoji") << "↑";
+    QTest::newRow("style none") << 65535 << QStringLiteral("none") << "";
 }
 
 void TestAnalysisResult::marks()

@@ -2,7 +2,6 @@
 #include <kvcore/assayitem.h>
 #include <kvcore/maintenanceexportdata.h>
 #include <kvcore/qcexportdata.h>
-#include <labdata/labdatabasegenerator.h>
 #include <reportitem.h>
 
 #include <QFile>
@@ -67,13 +66,10 @@ private Q_SLOTS:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China)); }
     void fieldTypes();
     void patientFieldsFormatted();
-    void missingPatientStillRefreshes();
-    void fieldTypesReadOnce();
     void qcBinding();
     void maintenanceSequence();
+    void brokenDatabases_data();
     void brokenDatabases();
-    void generatedLaboratoryFiles();
-    void unreadableDatabaseFile();
 };
 
 void tst_DataBinding::fieldTypes()
@@ -94,6 +90,14 @@ void tst_DataBinding::fieldTypes()
     QCOMPARE(report.patientId(), 1);
     QCOMPARE(report.record("patient").value("name").toString(), QStringLiteral("王芳"));
     QVERIFY(report.record("result").isEmpty());
+
+    // The table changes its declared types: the report keeps what it read the first time.
+    exec(profile.dataDatabase(), "drop table patient");
+    exec(profile.dataDatabase(), "create table patient (id integer primary key, collectTime text)");
+    exec(profile.dataDatabase(), "insert into patient values (1, '2026-01-01 10:00:00')");
+    report.fetchData(1, profile.dataDatabase());
+    QCOMPARE(report.fieldType("patient", "collectTime"), QMetaType::QDateTime);
+    QCOMPARE(report.record("patient").value("collectTime").toString(), QStringLiteral("2026-01-01 10:00:00"));
 }
 
 void tst_DataBinding::patientFieldsFormatted()
@@ -107,6 +111,8 @@ void tst_DataBinding::patientFieldsFormatted()
     auto* birthday = addField(report, &profile, "patient", "birthday");
     auto* check = addField(report, &profile, "patient", "checkTime");
     auto* reportTime = addField(report, &profile, "patient", "reportTime");
+    auto* probe = new ProbeItem;
+    report.addItem(probe);
     name->setAlignment(Qt::AlignRight);
     QCOMPARE(name->toPlainText(), QStringLiteral("[name]"));
 
@@ -128,37 +134,13 @@ void tst_DataBinding::patientFieldsFormatted()
     QCOMPARE(check->toPlainText(), zh.toString(QTime(16, 20), QLocale::ShortFormat));
     QCOMPARE(reportTime->toPlainText(),
              zh.toString(QDateTime(QDate(2026, 11, 22), QTime(18, 0)), QLocale::ShortFormat));
-}
 
-void tst_DataBinding::missingPatientStillRefreshes()
-{
-    Profile profile;
-    createPatients(profile.dataDatabase());
-    Report report(&profile, nullptr);
-    auto* name = addField(report, &profile, "patient", "name");
-    auto* probe = new ProbeItem;
-    report.addItem(probe);
-    report.fetchData(1, profile.dataDatabase());
+    // A patient that is not there still refreshes every item, to empty values.
     report.fetchData(99, profile.dataDatabase());
     QVERIFY(report.record("patient").isEmpty());
     QCOMPARE(name->toPlainText(), QString());
-    QCOMPARE(probe->updated, 2);
+    QCOMPARE(probe->updated, 3);
     QCOMPARE(probe->prepared, 0);
-}
-
-void tst_DataBinding::fieldTypesReadOnce()
-{
-    Profile profile;
-    createPatients(profile.dataDatabase());
-    Report report(&profile, nullptr);
-    report.fetchData(1, profile.dataDatabase());
-    // The table changes its declared types: the report keeps what it read the first time.
-    exec(profile.dataDatabase(), "drop table patient");
-    exec(profile.dataDatabase(), "create table patient (id integer primary key, collectTime text)");
-    exec(profile.dataDatabase(), "insert into patient values (1, '2026-01-01 10:00:00')");
-    report.fetchData(1, profile.dataDatabase());
-    QCOMPARE(report.fieldType("patient", "collectTime"), QMetaType::QDateTime);
-    QCOMPARE(report.record("patient").value("collectTime").toString(), QStringLiteral("2026-01-01 10:00:00"));
 }
 
 void tst_DataBinding::qcBinding()
@@ -224,19 +206,40 @@ void tst_DataBinding::maintenanceSequence()
     QCOMPARE(report.maintenanceData(), &data);
 }
 
+void tst_DataBinding::brokenDatabases_data()
+{
+    QTest::addColumn<bool>("garbage");
+    QTest::addColumn<QString>("warning");
+    QTest::addColumn<int>("warnings");
+    QTest::newRow("no tables") << false << "^report/reportdata\\.cpp:\\d+: no such table: patient" << 1;
+    QTest::newRow("not a database") << true << "reportdata.cpp:\\d+: file is not a database" << 2;
+}
+
+// Warnings and empty values, and the report goes on.
 void tst_DataBinding::brokenDatabases()
 {
-    Profile profile; // empty databases: no tables at all
+    QFETCH(bool, garbage);
+    QFETCH(QString, warning);
+    QFETCH(int, warnings);
+    QTemporaryDir dir;
+    QVERIFY(dir.isValid());
+    QFile file(dir.filePath(QStringLiteral("data.db")));
+    QVERIFY(!garbage || (file.open(QIODevice::WriteOnly) && file.write(QByteArray(4096, '\x5a')) == 4096));
+    file.close();
+    Profile profile(dir.filePath(QStringLiteral("profile.ini")));
     Report report(&profile, nullptr);
     auto* name = addField(report, &profile, "patient", "name");
     auto* probe = new ProbeItem;
     report.addItem(probe);
-    QTest::ignoreMessage(QtWarningMsg,
-                         QRegularExpression("^report/reportdata\\.cpp:\\d+: no such table: patient"));
+    for (int i = 0; i < warnings; ++i)
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(warning));
     report.fetchData(1, profile.dataDatabase());
     QCOMPARE(name->toPlainText(), QString());
     QCOMPARE(probe->updated, 1);
+    QVERIFY(report.record("patient").isEmpty());
     QCOMPARE(report.fieldType("patient", "name"), QMetaType::QString);
+    if (garbage)
+        return;
 
     QcExportData series;
     series.reagentId = 1;
@@ -255,77 +258,6 @@ void tst_DataBinding::brokenDatabases()
     bare.prepareQcData(nullptr);
     bare.prepareMaintenanceData(nullptr);
     QVERIFY(bare.record("patient").isEmpty());
-}
-
-// The laboratory the demo prints from, in real database files next to a profile's INI file.
-void tst_DataBinding::generatedLaboratoryFiles()
-{
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    Profile profile(dir.filePath(QStringLiteral("profile.ini")));
-    LabDatabaseGenerator generator(&profile, 11);
-    generator.setPatientCount(40);
-    generator.setQcPointCount(5);
-    QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
-    QVERIFY(QFile::exists(profile.databasePath(QStringLiteral("data"))));
-
-    QSqlQuery pick(profile.dataDatabase());
-    QVERIFY(pick.exec("select id, name, age, collectTime, birthday, checkTime from patient "
-                      "where birthday is not null and checkTime is not null and printTime is null "
-                      "order by id limit 1"));
-    QVERIFY(pick.next());
-    const int id = pick.value(0).toInt();
-
-    Report report(&profile, nullptr);
-    const QStringList columns{"name", "age", "collectTime", "birthday", "checkTime", "printTime", "nosuch"};
-    QList<ReportFieldItem*> fields;
-    for (const QString& column : columns)
-        fields.append(addField(report, &profile, "patient", column));
-    QCOMPARE(fields.at(0)->toPlainText(), QStringLiteral("[姓名]")); // the display name from the profile
-    QCOMPARE(fields.at(6)->toPlainText(), QStringLiteral("[nosuch]"));
-
-    report.fetchData(id, profile.dataDatabase());
-    const QLocale zh;
-    // Times are kept as time or as date-time text; either shows the time.
-    QTime checkTime = QTime::fromString(pick.value(5).toString(), Qt::ISODate);
-    if (!checkTime.isValid())
-        checkTime = QDateTime::fromString(pick.value(5).toString(), Qt::ISODate).time();
-    const QStringList expected{
-        pick.value(1).toString(),
-        pick.value(2).toString(),
-        zh.toString(QDateTime::fromString(pick.value(3).toString(), Qt::ISODate), QLocale::ShortFormat),
-        zh.toString(QDate::fromString(pick.value(4).toString(), Qt::ISODate), QLocale::ShortFormat),
-        zh.toString(checkTime, QLocale::ShortFormat),
-        QString(), // never printed: NULL
-        QString(), // no such column: empty, no crash
-    };
-    for (int i = 0; i < columns.size(); ++i)
-        QCOMPARE(fields.at(i)->toPlainText(), expected.at(i));
-    QVERIFY(!expected.at(2).isEmpty() && !expected.at(3).isEmpty() && !expected.at(4).isEmpty());
-}
-
-// A database file that is not a database: warnings and empty values, the report goes on.
-void tst_DataBinding::unreadableDatabaseFile()
-{
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    QFile garbage(dir.filePath(QStringLiteral("data.db")));
-    QVERIFY(garbage.open(QIODevice::WriteOnly));
-    garbage.write(QByteArray(4096, '\x5a'));
-    garbage.close();
-    Profile profile(dir.filePath(QStringLiteral("profile.ini")));
-    Report report(&profile, nullptr);
-    auto* name = addField(report, &profile, "patient", "name");
-    auto* probe = new ProbeItem;
-    report.addItem(probe);
-
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("reportdata.cpp:\\d+: file is not a database"));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression("reportdata.cpp:\\d+: file is not a database"));
-    report.fetchData(1, profile.dataDatabase());
-    QCOMPARE(name->toPlainText(), QString());
-    QCOMPARE(probe->updated, 1);
-    QVERIFY(report.record("patient").isEmpty());
-    QCOMPARE(report.fieldType("patient", "name"), QMetaType::QString);
 }
 
 QTEST_MAIN(tst_DataBinding)

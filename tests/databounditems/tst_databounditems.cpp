@@ -15,21 +15,8 @@
 #include <QTextLayout>
 
 using namespace coagulation;
+using test::loadPayload;
 using test::payloadOf;
-
-namespace {
-
-template <typename T> T* reload(const QByteArray& bytes, T* item)
-{
-    QDataStream in(bytes);
-    in.setVersion(QDataStream::Qt_4_6);
-    item->load(in);
-    if (in.status() != QDataStream::Ok || !in.atEnd())
-        return nullptr;
-    return item;
-}
-
-} // namespace
 
 class tst_DataBoundItems : public QObject
 {
@@ -44,7 +31,6 @@ private Q_SLOTS:
     void shownDataLayout();
     void monthAndOperator();
     void payloads();
-    void editability();
 };
 
 void tst_DataBoundItems::fieldPlaceholder()
@@ -53,6 +39,8 @@ void tst_DataBoundItems::fieldPlaceholder()
     profile.setValue("patient/name", QStringLiteral("姓名"));
     ReportFieldItem named(&profile, "patient", "name");
     QCOMPARE(named.toPlainText(), QStringLiteral("[姓名]"));
+    // Bound to data, not typed into.
+    QVERIFY(!named.isEditable() && !(named.flags() & QGraphicsItem::ItemIsFocusable));
     ReportFieldItem unnamed(&profile, "patient", "bed");
     QCOMPARE(unnamed.toPlainText(), QStringLiteral("[bed]"));
     unnamed.setAlignment(Qt::AlignHCenter);
@@ -124,6 +112,7 @@ void tst_DataBoundItems::pageProperty()
     QCOMPARE(page->toPlainText(), QStringLiteral("2/3"));
 
     ReportPropItem date(nullptr, "date");
+    QVERIFY(!date.isEditable());
     QCOMPARE(date.toPlainText(), QLocale().toString(QDate::currentDate(), QLocale::LongFormat));
     ReportPropItem time(nullptr, "time");
     const QTime shown = QTime::fromString(time.toPlainText(), Qt::TextDate);
@@ -138,6 +127,7 @@ void tst_DataBoundItems::profileItem()
     Profile profile;
     profile.setValue("hospital", QStringLiteral("示例市第一人民医院"));
     ReportProfileItem hospital(&profile, "hospital");
+    QVERIFY(!hospital.isEditable());
     QCOMPARE(hospital.toPlainText(), QStringLiteral("[hospital]"));
     hospital.updateData(); // works without a scene
     QCOMPARE(hospital.toPlainText(), QStringLiteral("示例市第一人民医院"));
@@ -205,6 +195,8 @@ void tst_DataBoundItems::monthAndOperator()
     ReportMonthItem month;
     QCOMPARE(month.toPlainText(), QDate::currentDate().toString("yyyy-MM"));
     ReportOperatorItem op;
+    // Typed into on the page.
+    QVERIFY(month.isEditable() && op.isEditable() && (op.flags() & QGraphicsItem::ItemIsFocusable));
     QCOMPARE(op.toPlainText(), QStringLiteral("操作者"));
     op.updateData();
     QCOMPARE(op.toPlainText(), QStringLiteral("操作者"));
@@ -233,16 +225,11 @@ void tst_DataBoundItems::payloads()
     asText.setAlignment(Qt::AlignRight);
     asText.setFont(field.font());
     asText.setPlainText(field.toPlainText());
-    QByteArray suffix;
-    {
-        QDataStream out(&suffix, QIODevice::WriteOnly);
-        out.setVersion(QDataStream::Qt_4_6);
-        out << qint8(1) << QStringLiteral("patient") << QStringLiteral("name");
-    }
-    QCOMPARE(fieldBytes, payloadOf(&asText) + suffix);
+    QCOMPARE(fieldBytes, payloadOf(&asText) +
+                             test::streamed(qint8(1), QStringLiteral("patient"), QStringLiteral("name")));
 
     ReportFieldItem loadedField(&profile);
-    QVERIFY(reload(fieldBytes, &loadedField));
+    QVERIFY(loadPayload(&loadedField, fieldBytes));
     QCOMPARE(loadedField.table(), QStringLiteral("patient"));
     QCOMPARE(loadedField.field(), QStringLiteral("name"));
     QCOMPARE(loadedField.toPlainText(), QStringLiteral("[姓名]"));
@@ -251,26 +238,23 @@ void tst_DataBoundItems::payloads()
     // The saved text stands until the next refresh, even when the display name changed since.
     profile.setValue("patient/name", QStringLiteral("患者姓名"));
     ReportFieldItem stale(&profile);
-    QVERIFY(reload(fieldBytes, &stale));
+    QVERIFY(loadPayload(&stale, fieldBytes));
     QCOMPARE(stale.toPlainText(), QStringLiteral("[姓名]"));
 
     ReportPropItem prop(&profile, "qc/fileno");
     ReportPropItem loadedProp(&profile);
-    QVERIFY(reload(payloadOf(&prop), &loadedProp));
-    QCOMPARE(loadedProp.propName(), QStringLiteral("qc/fileno"));
-    QCOMPARE(loadedProp.toPlainText(), QStringLiteral("[QC01]"));
-    QCOMPARE(payloadOf(&loadedProp), payloadOf(&prop));
+    QVERIFY(loadPayload(&loadedProp, payloadOf(&prop)));
+    QCOMPARE(payloadOf(&loadedProp), payloadOf(&prop)); // name and text "[QC01]"
     // A page number printed as "2/3" comes back as "2/3", not as a fresh "1/1".
     ReportPropItem page(&profile, "page");
     page.setPlainText(QStringLiteral("2/3"));
     ReportPropItem loadedPage(&profile);
-    QVERIFY(reload(payloadOf(&page), &loadedPage));
+    QVERIFY(loadPayload(&loadedPage, payloadOf(&page)));
     QCOMPARE(loadedPage.toPlainText(), QStringLiteral("2/3"));
 
     ReportProfileItem hospital(&profile, "hospital");
     ReportProfileItem loadedHospital(&profile);
-    QVERIFY(reload(payloadOf(&hospital), &loadedHospital));
-    QCOMPARE(loadedHospital.propName(), QStringLiteral("hospital"));
+    QVERIFY(loadPayload(&loadedHospital, payloadOf(&hospital)));
     QCOMPARE(payloadOf(&loadedHospital), payloadOf(&hospital));
 
     // Month and operator items carry the text payload only.
@@ -283,25 +267,8 @@ void tst_DataBoundItems::payloads()
     ReportMonthItem month;
     ReportMonthItem loadedMonth;
     month.setPlainText("2025-01");
-    QVERIFY(reload(payloadOf(&month), &loadedMonth));
+    QVERIFY(loadPayload(&loadedMonth, payloadOf(&month)));
     QCOMPARE(loadedMonth.toPlainText(), QStringLiteral("2025-01"));
-}
-
-void tst_DataBoundItems::editability()
-{
-    Profile profile;
-    ReportFieldItem field(&profile, "patient", "name");
-    ReportPropItem prop(&profile, "date");
-    ReportProfileItem value(&profile, "hospital");
-    ReportMonthItem month;
-    ReportOperatorItem op;
-    QVERIFY(!field.isEditable());
-    QVERIFY(!prop.isEditable());
-    QVERIFY(!value.isEditable());
-    QVERIFY(month.isEditable());
-    QVERIFY(op.isEditable());
-    QVERIFY(!(field.flags() & QGraphicsItem::ItemIsFocusable));
-    QVERIFY(op.flags() & QGraphicsItem::ItemIsFocusable);
 }
 
 QTEST_MAIN(tst_DataBoundItems)

@@ -214,23 +214,16 @@ void TestQcData::reader()
     std::unique_ptr<QcSeries> all = reader.read(7);
     QVERIFY2(all, qPrintable(reader.errorString()));
     const QcExportData* data = all->data();
-    QCOMPARE(data->reagentId, 7);
-    QCOMPARE(data->controlNo, 3);
-    QCOMPARE(data->hasLimits, 1);
-    QCOMPARE(data->targetValue, 12.2);
-    QCOMPARE(data->upperMarkLimit, 12.8);
-    QCOMPARE(data->upperStopLimit, 13.1);
-    QCOMPARE(data->lowerMarkLimit, 11.6);
-    QCOMPARE(data->lowerStopLimit, 11.3);
-    QCOMPARE(data->mean, 12.25);
-    QCOMPARE(data->sd, 0.3);
+    QCOMPARE((QList<qint64>{data->reagentId, data->controlNo, data->hasLimits}), (QList<qint64>{7, 3, 1}));
+    QCOMPARE((QList<double>{data->targetValue, data->upperMarkLimit, data->upperStopLimit,
+                            data->lowerMarkLimit, data->lowerStopLimit, data->mean, data->sd}),
+             (QList<double>{12.2, 12.8, 13.1, 11.6, 11.3, 12.25, 0.3}));
     QVERIFY(data->assayTemplate && data->assayItem);
-    QCOMPARE(data->assayTemplate->name(), QStringLiteral("PT"));
-    QCOMPARE(data->assayTemplate->id(), 5);
-    QCOMPARE(data->assayItem->id(), 9); // the item of the PT template, not the APTT one of the same name
-    QCOMPARE(data->assayItem->abbr(), QStringLiteral("PT-S"));
-    QCOMPARE(data->assayItem->unit(), QStringLiteral("s"));
-    QCOMPARE(data->assayItem->precision(), 1);
+    // The item of the PT template (9), not the APTT one of the same name.
+    QCOMPARE((QList<qint64>{data->assayTemplate->id(), data->assayItem->id(), data->assayItem->precision()}),
+             (QList<qint64>{5, 9, 1}));
+    QCOMPARE((QStringList{data->assayTemplate->name(), data->assayItem->abbr(), data->assayItem->unit()}),
+             (QStringList{"PT", "PT-S", "s"}));
     // In time order, the unreadable time left out.
     QCOMPARE(data->points.size(), 4);
     QCOMPARE(QcPoint::toDatetime(data->points.at(0).time), QDateTime(QDate(2024, 6, 1), QTime(8, 0)));
@@ -238,19 +231,16 @@ void TestQcData::reader()
     QCOMPARE(data->points.at(1).value, 12.4);
     QVERIFY(data->points.at(2).rejected);
     QVERIFY(!data->points.at(3).rejected);
-    QCOMPARE(data->firstIndex, 0);
-    QCOMPARE(data->count, 4);
-    QCOMPARE(data->startTime, 0.0);
-    QCOMPARE(data->endTime, 0.0);
+    QCOMPARE((QList<double>{double(data->firstIndex), double(data->count), data->startTime, data->endTime}),
+             (QList<double>{0, 4, 0, 0}));
 
     // June 2 to June 3: both ends included as whole days.
     std::unique_ptr<QcSeries> range = reader.read(7, QDate(2024, 6, 2), QDate(2024, 6, 3));
     QVERIFY(range);
-    QCOMPARE(range->data()->count, 2);
     QCOMPARE(range->data()->points.at(1).value, 13.5);
     // The range selects points; it does not fix the chart's axis ends.
-    QCOMPARE(range->data()->startTime, 0.0);
-    QCOMPARE(range->data()->endTime, 0.0);
+    QCOMPARE((QList<double>{double(range->data()->count), range->data()->startTime, range->data()->endTime}),
+             (QList<double>{2, 0, 0}));
 
     std::unique_ptr<QcSeries> open = reader.read(7, QDate(), QDate(2024, 6, 1));
     QVERIFY(open);
