@@ -123,6 +123,7 @@ void tst_DrawingItems::defaults()
     image.setAlignment(Qt::AlignRight);
     QCOMPARE(image.pen(), QPen());
     QCOMPARE(image.brush(), QBrush());
+    QCOMPARE(image.font(), QFont());
     QCOMPARE(image.alignment(), Qt::Alignment());
     QCOMPARE(image.geometry(), QPolygonF({QPointF(0, 0), QPointF(0, 0)}));
     QCOMPARE(image.cursor().shape(), Qt::SizeAllCursor);
