@@ -1,5 +1,7 @@
+#include "../common/pdf.h"
 #include "../common/viewdriver.h"
 #include "../common/widgetitemtesting.h"
+#include "../common/workspace.h"
 
 #include <chartitems.h>
 #include <core/profile.h>
@@ -10,8 +12,6 @@
 #include <kvcore/qcscaledraw.h>
 #include <kvcore/qcscalewidget.h>
 #include <kvcore/westgardrules.h>
-#include <kvcore/workspace.h>
-#include <labdata/labdatabasegenerator.h>
 #include <labdata/labschema.h>
 #include <multicoltableitems.h>
 #include <recttracker.h>
@@ -332,27 +332,19 @@ void tst_QcChart::plotSurface()
 // every page gets the chart of its own points, drawn as vectors inside the chart's frame.
 void tst_QcChart::qcPrintJob()
 {
-    QTemporaryDir dir;
-    QVERIFY(dir.isValid());
-    Profile profile(dir.filePath(QStringLiteral("lab.ini")));
-    LabDatabaseGenerator generator(&profile, 5);
-    generator.setPatientCount(0);
-    generator.setQcPointCount(45);
-    generator.setMaintenanceMonths(0);
-    QVERIFY2(generator.generate(), qPrintable(generator.errorString()));
-    const QDir templates(dir.filePath(QStringLiteral("templates")));
-    QVERIFY(QDir().mkpath(templates.path()));
-    Workspace workspace(&profile, templates);
+    test::DemoWorkspace lab(5);
+    QVERIFY2(lab.create({0, 45, 0}), qPrintable(lab.errorString()));
+    Profile* profile = lab.profile();
     ReportPrinter printer;
-    printer.setWorkspace(&workspace);
-    QcDataReader reader(&profile);
+    printer.setWorkspace(lab.workspace());
+    QcDataReader reader(profile);
     const std::unique_ptr<QcSeries> series = reader.read(reader.reagentIds().first());
     QVERIFY(series);
 
     QRectF canvas; // where page 1 draws its points, in scene units
     QSizeF page;
     {
-        Report report(&profile, printer.itemFactory());
+        Report report(profile, printer.itemFactory());
         report.setType(kv::QcReport);
         auto* table =
             dynamic_cast<ReportQcTableItem*>(printer.itemFactory()->create(QStringLiteral("QcTable")));
@@ -371,13 +363,13 @@ void tst_QcChart::qcPrintJob()
         chart->setGeometry(QPolygonF({QPointF(0, 0), QPointF(700, 300)}));
         chart->setPen(QPen(QColor(0, 0, 255), 1.5));
         chart->setBrush(QColor(0, 0, 255));
-        QVERIFY(report.save(templates.filePath(QStringLiteral("qc.rpt"))));
+        QVERIFY(report.save(lab.templatePath(QStringLiteral("qc"))));
         report.prepareQcData(series->data());
         report.fetchQcData(nullptr);
         canvas = chart->mapRectToScene(QRectF(chart->plot()->canvas()->geometry()));
         page = report.sceneRect().size();
     }
-    profile.setValue(QStringLiteral("report/qctemplate"), QStringLiteral("qc"));
+    profile->setValue(QStringLiteral("report/qctemplate"), QStringLiteral("qc"));
     QTemporaryDir tmp;
     const QString pdfPath =
         QDir(test::outputDir(QStringLiteral("qcchart"), tmp)).filePath(QStringLiteral("qcreport.pdf"));
@@ -387,9 +379,7 @@ void tst_QcChart::qcPrintJob()
     QFile file(pdfPath);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray pdf = file.readAll();
-    static const QRegularExpression pageObject(QStringLiteral("/Type\\s*/Page(?![a-zA-Z])"));
-    const qsizetype pages = QString::fromLatin1(pdf).count(pageObject);
-    QVERIFY2(pages >= 3, qPrintable(QString::number(pages)));
+    QVERIFY2(test::pdfPageCount(pdfPath) >= 3, qPrintable(QString::number(test::pdfPageCount(pdfPath))));
     QVERIFY(!pdf.contains("/Subtype /Image"));
     // One polyline per page through that page's points, each point a Bezier circle.
     const QByteArray contents = pdfContents(pdf);
@@ -398,13 +388,10 @@ void tst_QcChart::qcPrintJob()
     QVERIFY2(contents.count(" c\n") >= 4 * points, qPrintable(QString::number(contents.count(" c\n"))));
 
     // The axis labels print as large as they show: a printer's resolution must not scale them.
-    const QString pdftotext = QStandardPaths::findExecutable(QStringLiteral("pdftotext"));
-    if (pdftotext.isEmpty() || QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+    if (!test::hasPdfTools() || QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
         QSKIP("poppler-utils are not installed");
-    QProcess process;
-    process.start(pdftotext, {QStringLiteral("-bbox"), pdfPath, QStringLiteral("-")});
-    QVERIFY(process.waitForFinished(30000));
-    const QString boxes = QString::fromUtf8(process.readAllStandardOutput());
+    const QString boxes =
+        test::pdfTool(QStringLiteral("pdftotext"), {QStringLiteral("-bbox"), pdfPath, QStringLiteral("-")});
     // Words below the table, in points (the chart starts 320 pixels down, 240 points).
     static const QRegularExpression word(
         QStringLiteral("yMin=\"([-0-9.]+)\" xMax=\"[-0-9.]+\" yMax=\"([-0-9.]+)\">([^<]*)</word>"));
