@@ -25,26 +25,14 @@ const QSet<QString> allowedHeaders = {
     "kvcore/qcscaledraw.h", "kvcore/qcscalewidget.h"};
 
 // Host classes whose members the library may call, and host functions it may call.
-const QStringList allowedClasses = {"Profile",
-                                    "AnalysisResult",
-                                    "WaitCursor",
-                                    "DataStorage",
-                                    "DataStorageFactoryInterface",
-                                    "Workspace",
-                                    "Sample",
-                                    "AssayItem",
-                                    "AssayTemplate",
-                                    "QcPlot",
-                                    "QcPlotScale",
-                                    "QcPoint",
-                                    "MaintenanceTableView",
-                                    "MaintenanceRecordModel",
-                                    "MaintenanceRecordDelegate",
-                                    "Workbench",
-                                    "QcExportData",
-                                    "MaintenanceExportData",
-                                    "QcScaleDraw",
-                                    "QcScaleWidget"};
+const QStringList allowedClasses = {
+    // core
+    "Profile", "AnalysisResult", "WaitCursor",
+    // kvcore
+    "DataStorage", "DataStorageFactoryInterface", "Workspace", "Sample", "AssayItem", "AssayTemplate",
+    "QcPlot", "QcPlotScale", "QcPoint", "MaintenanceTableView", "MaintenanceRecordModel",
+    "MaintenanceRecordDelegate", "Workbench", "QcExportData", "MaintenanceExportData", "QcScaleDraw",
+    "QcScaleWidget"};
 const QStringList allowedFunctions = {"topLevelWidget", "information", "statistic"};
 
 QString sourceDir()

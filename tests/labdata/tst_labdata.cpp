@@ -48,12 +48,16 @@ QString dumpAll(Profile& profile)
            dump(profile.qcDatabase());
 }
 
-QVariant scalar(QSqlDatabase db, const QString& sql)
+// The first value a query gives, as text.
+QString scalar(QSqlDatabase db, const QString& sql)
 {
     QSqlQuery query(db);
-    if (!query.exec(sql) || !query.next())
-        return QVariant();
-    return query.value(0);
+    return query.exec(sql) && query.next() ? query.value(0).toString() : QString();
+}
+
+int count(QSqlDatabase db, const QString& from)
+{
+    return scalar(db, QStringLiteral("select count(*) ") + from).toInt();
 }
 
 bool generate(Profile* profile, quint32 seed, int patients = 120, int points = 60)
@@ -74,7 +78,6 @@ class TestLabData : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void determinism();
-    void declaredTypes_data();
     void declaredTypes();
     void storedDatesAndTimes();
     void patientsAndResults();
@@ -119,93 +122,34 @@ void TestLabData::determinism()
     QCOMPARE(dump(fewer.database()), dump(reopened.database()));
 }
 
-void TestLabData::declaredTypes_data()
-{
-    QTest::addColumn<int>("database");
-    QTest::addColumn<QString>("table");
-    QTest::addColumn<QString>("column");
-    QTest::addColumn<QString>("type");
-
-    const int data = LabSchema::DataDatabase;
-    const int qc = LabSchema::QcDatabase;
-    const int config = LabSchema::ConfigDatabase;
-    QTest::newRow("patient.id") << data << "patient"
-                                << "id"
-                                << "INTEGER";
-    QTest::newRow("patient.sampleNo") << data << "patient"
-                                      << "sampleNo"
-                                      << "TEXT";
-    QTest::newRow("patient.age") << data << "patient"
-                                 << "age"
-                                 << "INTEGER";
-    QTest::newRow("patient.collectTime") << data << "patient"
-                                         << "collectTime"
-                                         << "DATETIME";
-    QTest::newRow("patient.receiveTime") << data << "patient"
-                                         << "receiveTime"
-                                         << "DATETIME";
-    QTest::newRow("patient.reportTime") << data << "patient"
-                                        << "reportTime"
-                                        << "DATETIME";
-    QTest::newRow("patient.birthday") << data << "patient"
-                                      << "birthday"
-                                      << "DATE";
-    QTest::newRow("patient.checkTime") << data << "patient"
-                                       << "checkTime"
-                                       << "TIME";
-    QTest::newRow("patient.printTime") << data << "patient"
-                                       << "printTime"
-                                       << "DATETIME";
-    QTest::newRow("result.flag") << data << "result"
-                                 << "flag"
-                                 << "INTEGER";
-    QTest::newRow("result.result") << data << "result"
-                                   << "result"
-                                   << "TEXT";
-    QTest::newRow("result.lowerMarkLimit") << data << "result"
-                                           << "lowerMarkLimit"
-                                           << "REAL";
-    QTest::newRow("result.displayOrder") << data << "result"
-                                         << "displayOrder"
-                                         << "INTEGER";
-    QTest::newRow("assayItem.precision") << config << "assayItem"
-                                         << "precision"
-                                         << "INTEGER";
-    QTest::newRow("assayItem.visible") << config << "assayItem"
-                                       << "visible"
-                                       << "INTEGER";
-    QTest::newRow("reagent.expiry") << qc << "reagent"
-                                    << "expiry"
-                                    << "DATE";
-    QTest::newRow("reagent.targetValue") << qc << "reagent"
-                                         << "targetValue"
-                                         << "REAL";
-    QTest::newRow("qcResult.time") << qc << "qcResult"
-                                   << "time"
-                                   << "DATETIME";
-    QTest::newRow("maintenanceRecord.date") << qc << "maintenanceRecord"
-                                            << "date"
-                                            << "DATE";
-}
-
+// The declared column types, which tell readers what a value holds.
 void TestLabData::declaredTypes()
 {
-    QFETCH(int, database);
-    QFETCH(QString, table);
-    QFETCH(QString, column);
-    QFETCH(QString, type);
-
     Profile profile;
     QVERIFY(generate(&profile, 1, 10, 3));
-    const QSqlDatabase dbs[] = {profile.database(), profile.dataDatabase(), profile.qcDatabase()};
-    QSqlQuery query(dbs[database]);
-    QVERIFY(query.exec(QStringLiteral("pragma table_info('%1')").arg(table)));
-    QString declared;
-    while (query.next()) {
-        if (query.value(1).toString() == column)
-            declared = query.value(2).toString();
+    const QStringList columns = {
+        "patient.id INTEGER",           "patient.sampleNo TEXT",        "patient.age INTEGER",
+        "patient.collectTime DATETIME", "patient.receiveTime DATETIME", "patient.reportTime DATETIME",
+        "patient.birthday DATE",        "patient.checkTime TIME",       "patient.printTime DATETIME",
+        "result.flag INTEGER",          "result.result TEXT",           "result.lowerMarkLimit REAL",
+        "result.displayOrder INTEGER",  "assayItem.precision INTEGER",  "assayItem.visible INTEGER",
+        "reagent.expiry DATE",          "reagent.targetValue REAL",     "qcResult.time DATETIME",
+        "maintenanceRecord.date DATE"};
+    for (const QString& entry : columns) {
+        const QString table = entry.section(QLatin1Char('.'), 0, 0);
+        const QString column = entry.section(QLatin1Char('.'), 1).section(QLatin1Char(' '), 0, 0);
+        QSqlQuery query(table == QLatin1String("assayItem") ? profile.database()
+                        : table == QLatin1String("patient") || table == QLatin1String("result")
+                            ? profile.dataDatabase()
+                            : profile.qcDatabase());
+        QVERIFY(query.exec(QStringLiteral("pragma table_info('%1')").arg(table)));
+        QString declared;
+        while (query.next()) {
+            if (query.value(1).toString() == column)
+                declared = query.value(2).toString();
+        }
+        QCOMPARE(table + QLatin1Char('.') + column + QLatin1Char(' ') + declared, entry);
     }
-    QCOMPARE(declared, type);
 }
 
 void TestLabData::storedDatesAndTimes()
@@ -250,7 +194,7 @@ void TestLabData::storedDatesAndTimes()
     QCOMPARE(previous.date(), QDate(2024, 6, 28));
     QCOMPARE(
         scalar(profile.dataDatabase(), QStringLiteral("select min(substr(collectTime, 1, 10)) from patient")),
-        QVariant(QStringLiteral("2024-06-24")));
+        QStringLiteral("2024-06-24"));
 
     QSqlQuery qc(profile.qcDatabase());
     QVERIFY(qc.exec(QStringLiteral("select time from qcResult union all select expiry from reagent")));
@@ -373,27 +317,18 @@ void TestLabData::patientsAndResults()
     for (int count : flagged)
         QVERIFY(count > 0);
     // Most results are normal: abnormal ones are the exception.
-    const int total = scalar(data, QStringLiteral("select count(*) from result")).toInt();
+    const int total = count(data, QStringLiteral("from result"));
     QVERIFY(flagged[0] + flagged[1] < total / 3);
-    QCOMPARE(
-        scalar(data, QStringLiteral("select count(*) from result where flag & 4 and flag & 1 = 0")).toInt(),
-        0);
-    QCOMPARE(
-        scalar(data, QStringLiteral("select count(*) from result r left join patient p on p.id = r.patientId "
-                                    "where p.id is null"))
-            .toInt(),
-        0);
-    QCOMPARE(scalar(profile.database(), QStringLiteral("select count(*) from assayItem where visible = 0"))
-                 .toInt(),
-             2);
+    QCOMPARE(count(data, QStringLiteral("from result where flag & 4 and flag & 1 = 0")), 0);
+    QCOMPARE(count(data, QStringLiteral(
+                             "from result r left join patient p on p.id = r.patientId where p.id is null")),
+             0);
+    QCOMPARE(count(profile.database(), QStringLiteral("from assayItem where visible = 0")), 2);
     // Anticoagulation clinic samples ask for the PT alone.
     const QString monitoring = QStringLiteral("from result r join patient p on p.id = r.patientId "
                                               "where p.diagnosis = '华法林用药监测'");
-    QVERIFY(scalar(data, QStringLiteral("select count(*) ") + monitoring).toInt() > 0);
-    QCOMPARE(
-        scalar(data, QStringLiteral("select count(*) ") + monitoring + QStringLiteral(" and r.item != 'PT'"))
-            .toInt(),
-        0);
+    QVERIFY(count(data, monitoring) > 0);
+    QCOMPARE(count(data, monitoring + QStringLiteral(" and r.item != 'PT'")), 0);
 }
 
 void TestLabData::qcSeries()
@@ -423,8 +358,7 @@ void TestLabData::qcSeries()
         }
         // Lots: "N" for the normal or low level, "P" for the pathological or high one.
         const QString lot =
-            scalar(profile.qcDatabase(), QStringLiteral("select lot from reagent where id = %1").arg(id))
-                .toString();
+            scalar(profile.qcDatabase(), QStringLiteral("select lot from reagent where id = %1").arg(id));
         QCOMPARE(lot.at(0), data->controlNo % 2 ? QLatin1Char('N') : QLatin1Char('P'));
         if (data->hasLimits) {
             QVERIFY(data->lowerStopLimit < data->lowerMarkLimit && data->lowerMarkLimit < data->targetValue);
@@ -537,14 +471,12 @@ void TestLabData::options()
     generator.setLastDay(QDate()); // ignored
     QCOMPARE(generator.patientCount(), 0);
     QVERIFY(generator.generate());
-    QCOMPARE(scalar(profile.dataDatabase(), QStringLiteral("select count(*) from patient")).toInt(), 0);
-    QCOMPARE(scalar(profile.qcDatabase(), QStringLiteral("select count(*) from qcResult")).toInt(), 14 * 7);
-    QCOMPARE(
-        scalar(profile.qcDatabase(), QStringLiteral("select max(time) from qcResult")).toString().left(10),
-        QStringLiteral("2023-01-02"));
-    QCOMPARE(
-        scalar(profile.qcDatabase(), QStringLiteral("select min(date) from maintenanceRecord")).toString(),
-        QStringLiteral("2022-11-01"));
+    QCOMPARE(count(profile.dataDatabase(), QStringLiteral("from patient")), 0);
+    QCOMPARE(count(profile.qcDatabase(), QStringLiteral("from qcResult")), 14 * 7);
+    QCOMPARE(scalar(profile.qcDatabase(), QStringLiteral("select max(time) from qcResult")).left(10),
+             QStringLiteral("2023-01-02"));
+    QCOMPARE(scalar(profile.qcDatabase(), QStringLiteral("select min(date) from maintenanceRecord")),
+             QStringLiteral("2022-11-01"));
 }
 
 void TestLabData::failures()

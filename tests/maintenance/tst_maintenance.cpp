@@ -13,9 +13,7 @@ class TestMaintenance : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void recordTypes();
-    void exportDataAdvancesThroughConstPointer();
     void records();
-    void recordsOfBadInput();
 };
 
 void TestMaintenance::recordTypes()
@@ -23,7 +21,6 @@ void TestMaintenance::recordTypes()
     QCOMPARE(int(MaintenanceManager::DailyMaintenance), 1);
     QCOMPARE(int(MaintenanceManager::WeeklyMaintenance), 2);
     QCOMPARE(int(MaintenanceManager::MonthlyMaintenance), 3);
-    QCOMPARE(sizeof(MaintenanceManager::RecordType), sizeof(qint32));
     QCOMPARE(MaintenanceManager::recordTypeName(1), QStringLiteral("日保养"));
     QCOMPARE(MaintenanceManager::recordTypeName(2), QStringLiteral("周保养"));
     QCOMPARE(MaintenanceManager::recordTypeName(3), QStringLiteral("月保养"));
@@ -31,19 +28,15 @@ void TestMaintenance::recordTypes()
     QVERIFY(MaintenanceManager::recordTypeName(4).isEmpty());
 }
 
-void TestMaintenance::exportDataAdvancesThroughConstPointer()
-{
-    Workbench workbench(2, QStringLiteral("2号凝血分析仪"));
-    MaintenanceExportData data{&workbench, QDate(2024, 6, 1), MaintenanceManager::WeeklyMaintenance};
-    const MaintenanceExportData* shared = &data;
-    shared->recordType = MaintenanceManager::RecordType(shared->recordType + 1);
-    QCOMPARE(data.recordType, MaintenanceManager::MonthlyMaintenance);
-    QCOMPARE(shared->workbench->name(), QStringLiteral("2号凝血分析仪"));
-}
-
 void TestMaintenance::records()
 {
     Profile profile;
+    // No tables: a warning and nothing else.
+    const MaintenanceRecords noTables(&profile);
+    QVERIFY(noTables.workbenches().isEmpty());
+    const Workbench stray(1, QStringLiteral("1号凝血分析仪"));
+    QVERIFY(noTables.records(&stray, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance).isEmpty());
+
     QVERIFY(LabSchema::create(profile.qcDatabase(), LabSchema::QcDatabase));
     QSqlQuery query(profile.qcDatabase());
     QVERIFY(query.exec(QStringLiteral(
@@ -102,27 +95,12 @@ void TestMaintenance::records()
         reader.records(&workbenches.at(0), QDate(2023, 12, 5), MaintenanceManager::MonthlyMaintenance);
     QCOMPARE(december.size(), 1);
     QCOMPARE(december.first().task, QStringLiteral("a"));
-}
 
-void TestMaintenance::recordsOfBadInput()
-{
-    Profile profile;
-    const Workbench workbench(1, QStringLiteral("1号凝血分析仪"));
-    // No tables: a warning and nothing else.
-    const MaintenanceRecords noTables(&profile);
-    QVERIFY(noTables.workbenches().isEmpty());
-    QVERIFY(noTables.records(&workbench, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance).isEmpty());
-
-    QVERIFY(LabSchema::create(profile.qcDatabase(), LabSchema::QcDatabase));
-    QSqlQuery query(profile.qcDatabase());
-    QVERIFY(
-        query.exec(QStringLiteral("insert into maintenanceRecord (workbench, recordType, date, task) values "
-                                  "(1, 1, '2024-06-01', 'a')")));
-    const MaintenanceRecords reader(&profile);
-    QCOMPARE(reader.records(&workbench, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance).size(), 1);
+    // Nothing for no workbench, no day or no record type.
     QVERIFY(reader.records(nullptr, QDate(2024, 6, 1), MaintenanceManager::DailyMaintenance).isEmpty());
-    QVERIFY(reader.records(&workbench, QDate(), MaintenanceManager::DailyMaintenance).isEmpty());
-    QVERIFY(reader.records(&workbench, QDate(2024, 6, 1), MaintenanceManager::RecordType(0)).isEmpty());
+    QVERIFY(reader.records(&workbenches.at(0), QDate(), MaintenanceManager::DailyMaintenance).isEmpty());
+    QVERIFY(
+        reader.records(&workbenches.at(0), QDate(2024, 6, 1), MaintenanceManager::RecordType(0)).isEmpty());
     QVERIFY(MaintenanceRecords(nullptr).workbenches().isEmpty());
 }
 

@@ -15,10 +15,8 @@ class tst_Profile : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void settingsPersist();
-    void databasesAreRealFiles();
-    void inMemoryProfile();
-    void informationIsObservable();
-    void waitCursor();
+    void databases();
+    void hostFacilities();
 };
 
 void tst_Profile::settingsPersist()
@@ -46,7 +44,7 @@ void tst_Profile::settingsPersist()
     QCOMPARE(Profile(ini).value("report/template").toString(), QStringLiteral("third"));
 }
 
-void tst_Profile::databasesAreRealFiles()
+void tst_Profile::databases()
 {
     QTemporaryDir dir;
     const QString ini = dir.filePath("profile.ini");
@@ -73,10 +71,8 @@ void tst_Profile::databasesAreRealFiles()
     QVERIFY(query.next());
     QCOMPARE(query.value(0).toString(), QStringLiteral("李娜"));
     QVERIFY(!QSqlQuery(reopened.database()).exec("select * from patient")); // separate databases
-}
 
-void tst_Profile::inMemoryProfile()
-{
+    // Without a file each profile has databases of its own, in memory.
     Profile a;
     Profile b;
     QVERIFY(a.dataDatabase().isOpen());
@@ -88,7 +84,8 @@ void tst_Profile::inMemoryProfile()
     QVERIFY(a.fileName().isEmpty());
 }
 
-void tst_Profile::informationIsObservable()
+// Messages a test can observe, and the wait cursor.
+void tst_Profile::hostFacilities()
 {
     InformationLog::clear();
     QVERIFY(!InformationLog::isInteractive());
@@ -103,10 +100,7 @@ void tst_Profile::informationIsObservable()
     QCOMPARE(InformationLog::last().defaultButton, QMessageBox::No);
     InformationLog::clear();
     QCOMPARE(InformationLog::count(), 0);
-}
 
-void tst_Profile::waitCursor()
-{
     QVERIFY(!QGuiApplication::overrideCursor());
     {
         WaitCursor busy;

@@ -63,13 +63,11 @@ void TestSample::sampleTypeOf_data()
     QTest::newRow("own qc prefix") << "ZK" << unset << "ZK01" << int(kv::QcSample);
     QTest::newRow("default prefix no longer qc") << "ZK" << unset << "QC01" << int(kv::PatientSample);
     QTest::newRow("qc prefix starting with E wins") << "EQ" << unset << "EQ01" << int(kv::QcSample);
-    QTest::newRow("own emergency prefix") << unset << "JZ"
-                                          << "JZ0001" << int(kv::EmergencySample);
-    QTest::newRow("E no longer emergency") << unset << "JZ"
-                                           << "E0001" << int(kv::PatientSample);
-    QTest::newRow("empty prefixes match nothing") << ""
-                                                  << ""
-                                                  << "QC01" << int(kv::PatientSample);
+    const QString jz = QStringLiteral("JZ");
+    QTest::newRow("own emergency prefix") << unset << jz << "JZ0001" << int(kv::EmergencySample);
+    QTest::newRow("E no longer emergency") << unset << jz << "E0001" << int(kv::PatientSample);
+    QTest::newRow("empty prefixes match nothing")
+        << QString("") << QString("") << "QC01" << int(kv::PatientSample);
 }
 
 void TestSample::sampleTypeOf()

@@ -8,7 +8,6 @@
 #include <templatecheck.h>
 #include <tracker.h>
 
-#include <QBuffer>
 #include <QFile>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -112,6 +111,15 @@ int fill(Report& report, Profile* profile)
     return report.reportItems().size();
 }
 
+// Where each item record of a saved report begins, and where the last one ends.
+QList<int> recordStarts(const Report& report)
+{
+    QList<int> starts{41};
+    for (ReportItem* item : report.reportItems())
+        starts.append(starts.constLast() + framed(report, item).size());
+    return starts;
+}
+
 // A patient template of raw item records: each a key and the payload bytes as given.
 QByteArray templateOf(const QList<std::pair<QString, QByteArray>>& records, qint32 count = -1)
 {
@@ -159,23 +167,13 @@ class tst_TemplateFile : public QObject
 private Q_SLOTS:
     void init();
     void cleanupTestCase();
-    void emptyReport();
-    void typeTags_data();
-    void typeTags();
+    void header_data();
+    void header();
     void roundTrip();
-    void versions_data();
-    void versions();
-    void wrongFormat();
-    void unknownKey_data();
-    void unknownKey();
-    void truncatedPayload();
-    void unknownTypeIsNotSaved();
-    void unwritableFile();
-    void loadAddsToScene();
-    void everyTruncation();
-    void damagedFrames();
-    void templateCheck_data();
-    void templateCheck();
+    void failedSave();
+    void damagedFiles();
+    void damagedTemplates_data();
+    void damagedTemplates();
     void hostileTemplates_data();
     void hostileTemplates();
     void htmlReadsNothingOutside();
@@ -188,7 +186,6 @@ private:
 
 void tst_TemplateFile::init()
 {
-
     factory = std::make_unique<ItemFactory>(&profile);
     profile.setValue("hospital", QStringLiteral("第一人民医院"));
     profile.setValue("patient/name", QStringLiteral("姓名"));
@@ -209,59 +206,46 @@ void tst_TemplateFile::cleanupTestCase()
     }
 }
 
-void tst_TemplateFile::emptyReport()
+void tst_TemplateFile::header_data()
 {
-    Report report(&profile, factory.get());
-    report.setType(kv::PatientReport);
-    const QByteArray expected = QByteArray::fromHex("7470726e"
-                                                    "01"
-                                                    "00000060"
-                                                    "00000060"
-                                                    "00000007"
-                                                    "00000000"
-                                                    "406a400000000000"
-                                                    "4072900000000000"
-                                                    "00000000");
-    QCOMPARE(expected.size(), 41);
-    QCOMPARE(saved(report), expected);
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QByteArray>("tag");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("patient") << int(kv::PatientReport) << QByteArray("tprn") << QStringLiteral("样本报告单");
+    QTest::newRow("qc") << int(kv::QcReport) << QByteArray("tprq") << QStringLiteral("质控报告单");
+    QTest::newRow("maintenance") << int(kv::MaintenanceRecordReport) << QByteArray("tprm")
+                                 << QStringLiteral("维护记录报告单");
+}
 
-    const QString fileName = dir.filePath("empty." + Report::suffix);
+// An empty report of each type: its name, its exact bytes, and read back.
+void tst_TemplateFile::header()
+{
+    QFETCH(int, type);
+    QFETCH(QByteArray, tag);
+    QFETCH(QString, name);
+    QCOMPARE(Report::typeName(kv::ReportType(type)), name);
+    QCOMPARE(Report::typeName(kv::ReportType(4 * type - 1)), QString()); // no type: -1, 3, 7
+    Report report(&profile, factory.get());
+    report.setType(kv::ReportType(type));
+    // Version 1, 96 x 96 dpi, A4 (7) portrait (0), 210 x 297 mm, no items.
+    const QByteArray expected =
+        tag +
+        QByteArray::fromHex("0100000060000000600000000700000000406a400000000000407290000000000000000000");
+    QCOMPARE(saved(report), expected);
+    const QString fileName = dir.filePath(QStringLiteral("type%1.").arg(type) + Report::suffix);
     QVERIFY(report.save(fileName));
     QCOMPARE(fileBytes(fileName), expected);
     QCOMPARE(report.filename(), QString()); // callers name the document themselves
+    QCOMPARE(Report::fileType(fileName), kv::ReportType(type));
 
     Report loaded(&profile, factory.get());
     QVERIFY(loaded.load(fileName));
-    QCOMPARE(loaded.type(), kv::PatientReport);
+    QCOMPARE(loaded.type(), kv::ReportType(type));
     QCOMPARE(loaded.pageSize(), QPageSize::A4);
     QCOMPARE(loaded.pageSizeF(), QSizeF(210, 297));
     QVERIFY(loaded.reportItems().isEmpty());
     QCOMPARE(Report::suffix, QStringLiteral("rpt"));
     QCOMPARE(Report::mimeType, QStringLiteral("application/x-qt-windows-mime;value=\"ReportItems\""));
-}
-
-void tst_TemplateFile::typeTags_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QByteArray>("head");
-    QTest::newRow("patient") << 0 << QByteArray("tprn");
-    QTest::newRow("qc") << 1 << QByteArray("tprq");
-    QTest::newRow("maintenance") << 2 << QByteArray("tprm");
-}
-
-void tst_TemplateFile::typeTags()
-{
-    QFETCH(int, type);
-    QFETCH(QByteArray, head);
-    Report report(&profile, factory.get());
-    report.setType(kv::ReportType(type));
-    const QString fileName = dir.filePath(QStringLiteral("type%1.rpt").arg(type));
-    QVERIFY(report.save(fileName));
-    QCOMPARE(fileBytes(fileName).left(4), head);
-    QCOMPARE(Report::fileType(fileName), kv::ReportType(type));
-    Report loaded(&profile, factory.get());
-    QVERIFY(loaded.load(fileName));
-    QCOMPARE(loaded.type(), kv::ReportType(type));
 }
 
 void tst_TemplateFile::roundTrip()
@@ -301,170 +285,46 @@ void tst_TemplateFile::roundTrip()
         QCOMPARE(copy->graphicsItem()->transform(), original->graphicsItem()->transform());
         QCOMPARE(payloadOf(copy), payloadOf(original));
     }
-}
-
-void tst_TemplateFile::versions_data()
-{
-    QTest::addColumn<quint8>("version");
-    QTest::addColumn<bool>("loads");
-    QTest::newRow("0") << quint8(0) << true;
-    QTest::newRow("1") << quint8(1) << true;
-    QTest::newRow("2") << quint8(2) << false;
-    QTest::newRow("0x80") << quint8(0x80) << false;
-    QTest::newRow("0xFF") << quint8(0xFF) << false;
-}
-
-void tst_TemplateFile::versions()
-{
-    QFETCH(quint8, version);
-    QFETCH(bool, loads);
-    Report report(&profile, factory.get());
-    report.setType(kv::QcReport);
-    place(report, new ReportRectItem, "Rect", {5, 5});
-    QByteArray bytes = saved(report);
-    bytes[4] = char(version);
-    const QString fileName = dir.filePath("version.rpt");
-    QVERIFY(writeFile(fileName, bytes));
-    QCOMPARE(Report::fileType(fileName), kv::QcReport);
-
-    Report loaded(&profile, factory.get());
-    QCOMPARE(loaded.load(fileName), loads);
-    QCOMPARE(loaded.type(), kv::QcReport);
-    QCOMPARE(loaded.errorString(), loads ? QString() : QStringLiteral("无法读取高版本的文档"));
-    QCOMPARE(loaded.reportItems().size(), loads ? 1 : 0);
-}
-
-void tst_TemplateFile::wrongFormat()
-{
-    Report source(&profile, factory.get());
-    source.setType(kv::PatientReport);
-    QByteArray bytes = saved(source);
-    bytes.replace(0, 4, "nrpt"); // the tag unreversed
-    const QString fileName = dir.filePath("wrong.rpt");
-    QVERIFY(writeFile(fileName, bytes));
-    QCOMPARE(Report::fileType(fileName), kv::NoReport);
-
-    Report loaded(&profile, factory.get());
-    loaded.setType(kv::QcReport);
-    QVERIFY(!loaded.load(fileName));
-    QCOMPARE(loaded.type(), kv::NoReport);
-    QCOMPARE(loaded.errorString(), QStringLiteral("错误的文件格式"));
-
-    // Too short to hold a tag; and no file at all.
-    QVERIFY(writeFile(fileName, "tpr"));
-    QCOMPARE(Report::fileType(fileName), kv::NoReport);
-    const QString missing = dir.filePath("missing.rpt");
-    QCOMPARE(Report::fileType(missing), kv::NoReport);
-    Report none(&profile, factory.get());
-    none.setType(kv::QcReport);
-    QVERIFY(!none.load(missing));
-    QFile probe(missing);
-    QVERIFY(!probe.open(QIODevice::ReadOnly));
-    QCOMPARE(none.errorString(), probe.errorString());
-    QCOMPARE(none.type(), kv::QcReport);
-}
-
-void tst_TemplateFile::unknownKey_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::newRow("unknown") << "Gadget";
-    QTest::newRow("pointer makes nothing") << "Pointer";
-    QTest::newRow("malformed field") << "field:/patient";
-}
-
-void tst_TemplateFile::unknownKey()
-{
-    QFETCH(QString, key);
-    Report report(&profile, factory.get());
-    report.setType(kv::PatientReport);
-    place(report, new ReportRectItem, "Rect", {5, 5});
-    place(report, new ReportRectItem, key, {5, 50});
-    place(report, new ReportLineItem, "Line", {5, 90});
-    const QString fileName = dir.filePath("unknown.rpt");
-    QVERIFY(report.save(fileName));
-
-    Report loaded(&profile, factory.get());
-    QVERIFY(!loaded.load(fileName));
-    QCOMPARE(loaded.errorString(), QStringLiteral("无法创建 %1 对象").arg(key));
-    QVERIFY(loaded.reportItems().isEmpty()); // the item read before it is dropped too
-
-    // The framing functions let the message through to their caller.
-    QByteArray bytes;
-    QDataStream out(&bytes, QIODevice::WriteOnly);
-    out.setVersion(QDataStream::Qt_4_6);
-    QVERIFY(report.saveItems(out, report.reportItems()));
-    QDataStream in(bytes);
-    in.setVersion(QDataStream::Qt_4_6);
-    QList<ReportItem*> items;
-    QString thrown;
-    try {
-        report.loadItems(in, items);
-    } catch (const QString& message) {
-        thrown = message;
-    }
-    QCOMPARE(thrown, QStringLiteral("无法创建 %1 对象").arg(key));
-    QVERIFY(items.isEmpty());
-}
-
-void tst_TemplateFile::truncatedPayload()
-{
-    Report report(&profile, factory.get());
-    report.setType(kv::PatientReport);
-    place(report, new ReportRectItem, "Rect", {5, 5});
-    auto* text = place(report, new ReportTextItem(true), "Text", {5, 50});
-    text->setPlainText(QStringLiteral("第二个"));
-    place(report, new ReportLineItem, "Line", {5, 90});
-    const QList<ReportItem*> items = report.reportItems(); // topmost first: line, text, rect
-    QCOMPARE(items.at(1), text);
-
-    // Cut three bytes short of the end of the second record.
-    const QByteArray bytes = saved(report);
-    const int cut = 41 + framed(report, items.at(0)).size() + framed(report, items.at(1)).size() - 3;
-    QVERIFY(cut < bytes.size());
-    const QString fileName = dir.filePath("truncated.rpt");
-    QVERIFY(writeFile(fileName, bytes.left(cut)));
-
-    Report loaded(&profile, factory.get());
+    // Loading again adds to what the scene holds.
     QVERIFY(loaded.load(fileName));
-    QVERIFY(loaded.reportItems().isEmpty());
-    QCOMPARE(loaded.errorString(), QString());
-    QCOMPARE(loaded.type(), kv::PatientReport);
-
-    // The item list on its own: false and empty.
-    QDataStream in(bytes.left(cut).mid(37));
+    QCOMPARE(loaded.reportItems().size(), 2 * placed);
+    // Each axis has its own resolution; only a loaded template changes them.
+    QByteArray bytes = fileBytes(fileName);
+    Report dense(&profile, factory.get());
+    QDataStream dpi(QByteArray(bytes).replace(5, 8, test::streamed(qint32(150), qint32(300))));
+    QVERIFY(dense.load(dpi));
+    QCOMPARE(dense.dpiX(), 150);
+    QCOMPARE(dense.dpiY(), 300);
+    QCOMPARE(dense.sceneRect(), QRectF(0, 0, 50 * 150 / 25.4, 100 * 300 / 25.4));
+    // The item list on its own, cut short: false and empty.
+    QDataStream in(bytes.mid(37).chopped(3));
     in.setVersion(QDataStream::Qt_4_6);
-    QList<ReportItem*> read{text};
+    QList<ReportItem*> read = copies;
     QVERIFY(!loaded.loadItems(in, read));
     QVERIFY(read.isEmpty());
 }
 
-void tst_TemplateFile::unknownTypeIsNotSaved()
+void tst_TemplateFile::failedSave()
 {
+    // A report of no type is no template: nothing is written, and an existing file stays.
     Report report(&profile, factory.get());
-    QCOMPARE(report.type(), kv::NoReport);
     QByteArray bytes;
     QDataStream out(&bytes, QIODevice::WriteOnly);
     QVERIFY(!report.save(out));
     QCOMPARE(report.errorString(), QStringLiteral("未知的报表类型"));
     QVERIFY(bytes.isEmpty());
-
-    // An existing template survives a failed save over it.
     const QString fileName = dir.filePath("kept.rpt");
     QVERIFY(writeFile(fileName, "existing"));
     report.setErrorString(QString());
     QVERIFY(!report.save(fileName));
     QCOMPARE(report.errorString(), QStringLiteral("未知的报表类型"));
     QCOMPARE(fileBytes(fileName), QByteArray("existing"));
-}
 
-void tst_TemplateFile::unwritableFile()
-{
-    Report report(&profile, factory.get());
+    // A file that cannot be written is told to the user; the error string is left alone.
     report.setType(kv::PatientReport);
     report.setErrorString(QStringLiteral("earlier"));
     InformationLog::clear();
-    const QString fileName = dir.filePath("no/such/folder/x.rpt");
-    QVERIFY(!report.save(fileName));
+    QVERIFY(!report.save(dir.filePath("no/such/folder/x.rpt")));
     QCOMPARE(InformationLog::count(), 1);
     QVERIFY(!InformationLog::last().text.isEmpty());
     QCOMPARE(InformationLog::last().buttons, QMessageBox::StandardButtons(QMessageBox::Ok));
@@ -472,73 +332,71 @@ void tst_TemplateFile::unwritableFile()
     QCOMPARE(report.errorString(), QStringLiteral("earlier"));
 }
 
-void tst_TemplateFile::loadAddsToScene()
-{
-    Report source(&profile, factory.get());
-    source.setType(kv::PatientReport);
-    place(source, new ReportRectItem, "Rect", {5, 5});
-    const QString fileName = dir.filePath("one.rpt");
-    QVERIFY(source.save(fileName));
-
-    Report report(&profile, factory.get());
-    place(report, new ReportLineItem, "Line", {5, 5});
-    QVERIFY(report.load(fileName));
-    QVERIFY(report.load(fileName));
-    QCOMPARE(report.reportItems().size(), 3);
-}
-
-// A template cut at any byte loads to a failure or to no items, never to a crash.
-void tst_TemplateFile::everyTruncation()
+// A template cut short, or with a damaged header or item frame, loads to a failure with a
+// message or to a page with what could be read, never to a crash.
+void tst_TemplateFile::damagedFiles()
 {
     Report report(&profile, factory.get());
     report.setType(kv::PatientReport);
-    fill(report, &profile);
+    const int placed = fill(report, &profile);
     const QByteArray bytes = saved(report);
-    QVERIFY(bytes.size() > 41);
+    const QList<int> starts = recordStarts(report);
+    QCOMPARE(starts.constLast(), bytes.size());
+    QList<int> payloads; // where each record's payload begins
+    for (int i = 0; i < placed; ++i)
+        payloads.append(starts.at(i + 1) - payloadOf(report.reportItems().at(i)).size());
+    auto load = [](const QByteArray& damaged, Report& loaded) {
+        QDataStream in(damaged);
+        return loaded.load(in);
+    };
+
+    // Cuts: every byte of the header and the first frame, each record's first and last bytes and
+    // the middle of its payload, every 97th byte and the last few.
+    QList<int> cuts;
+    for (int size = 0; size <= payloads.at(0); ++size)
+        cuts.append(size);
+    for (int i = 0; i < placed; ++i)
+        cuts << starts.at(i) << starts.at(i) + 1 << payloads.at(i) - 1 << payloads.at(i) << payloads.at(i) + 1
+             << (payloads.at(i) + starts.at(i + 1)) / 2 << starts.at(i + 1) - 1;
+    for (int size = payloads.at(0); size < bytes.size() - 4; size += 97)
+        cuts.append(size);
+    for (int size = bytes.size() - 4; size < bytes.size(); ++size)
+        cuts.append(size);
     const QStringList failures = {QStringLiteral("错误的文件格式"), QStringLiteral("无法创建  对象")};
     // libpng prints its own complaint about every cut picture.
-    for (int size = 0; size < bytes.size(); ++size) {
-        QByteArray cut = bytes.left(size);
-        QBuffer buffer(&cut);
-        buffer.open(QIODevice::ReadOnly);
-        QDataStream in(&buffer);
+    for (const int size : std::as_const(cuts)) {
         Report loaded(&profile, factory.get());
         const QByteArray where = "cut at " + QByteArray::number(size);
         // A header cut short is no template; a cut item list loads no items.
         if (size < 37)
-            QVERIFY2(!loaded.load(in) && loaded.errorString() == QStringLiteral("错误的文件格式"), where);
-        else if (loaded.load(in))
+            QVERIFY2(!load(bytes.left(size), loaded) &&
+                         loaded.errorString() == QStringLiteral("错误的文件格式"),
+                     where);
+        else if (load(bytes.left(size), loaded))
             QVERIFY2(loaded.reportItems().isEmpty(), where);
         else
             QVERIFY2(failures.contains(loaded.errorString()),
                      QByteArray(where + ": " + loaded.errorString().toUtf8()));
     }
-}
 
-// A damaged header or item frame (count, key, position, transform) loads to a failure with a
-// message, or to a page with what could be read.
-void tst_TemplateFile::damagedFrames()
-{
-    Report report(&profile, factory.get());
-    report.setType(kv::PatientReport);
-    fill(report, &profile);
-    const QByteArray bytes = saved(report);
-    QList<int> framing; // offsets of the bytes that belong to the header and the item frames
+    // Damage to the header and the frames (count, key, position, transform): each byte of the
+    // header and the first frame inverted, then one to three bytes anywhere flipped or replaced,
+    // 600 templates in all. A key length that no longer fits shifts every later field; what the
+    // payload readers then meet is theirs to survive, so the key lengths stay as they are.
+    QList<int> framing;
     for (int i = 0; i < 41; ++i)
         framing.append(i);
-    int offset = 41;
-    for (ReportItem* item : report.reportItems()) {
-        const int record = framed(report, item).size();
-        // A key length that no longer fits shifts every later field; what the payload readers
-        // then meet is theirs to survive, so the key lengths stay as they are.
-        for (int i = 4; i < record - payloadOf(item).size(); ++i)
-            framing.append(offset + i);
-        offset += record;
+    for (int i = 0; i < placed; ++i) {
+        for (int at = starts.at(i) + 4; at < payloads.at(i); ++at)
+            framing.append(at);
     }
-    QCOMPARE(offset, bytes.size());
-
+    QList<QByteArray> damages;
+    for (int i = 0; framing.at(i) < payloads.at(0); ++i) {
+        damages.append(bytes);
+        damages.last()[framing.at(i)] = char(~bytes.at(framing.at(i)));
+    }
     QRandomGenerator random(20261123);
-    for (int round = 0; round < 2000; ++round) {
+    while (damages.size() < 600) {
         QByteArray damaged = bytes;
         const int changes = 1 + random.bounded(3);
         for (int i = 0; i < changes; ++i) {
@@ -548,33 +406,35 @@ void tst_TemplateFile::damagedFrames()
             else
                 damaged[at] = char(random.bounded(256));
         }
-        QBuffer buffer(&damaged);
-        buffer.open(QIODevice::ReadOnly);
-        QDataStream in(&buffer);
+        damages.append(damaged);
+    }
+    for (int round = 0; round < damages.size(); ++round) {
+        const QByteArray& damaged = damages.at(round);
         Report loaded(&profile, factory.get());
         const QByteArray where = "round " + QByteArray::number(round);
-        if (!loaded.load(in))
+        if (!load(damaged, loaded))
             QVERIFY2(!loaded.errorString().isEmpty(), where);
-        QVERIFY2(loaded.reportItems().size() <= report.reportItems().size(), where);
+        QVERIFY2(loaded.reportItems().size() <= placed, where);
     }
 }
 
-void tst_TemplateFile::templateCheck_data()
+void tst_TemplateFile::damagedTemplates_data()
 {
     QTest::addColumn<QByteArray>("bytes"); // null: no file at all
-    QTest::addColumn<QString>("error");    // empty: the template is complete
+    QTest::addColumn<QString>("problem");  // what the check names; empty: the template is complete
+    QTest::addColumn<QString>("error");    // what loading says; empty: it loads
+    QTest::addColumn<int>("items");        // loaded
+    QTest::addColumn<int>("type");         // after loading into a maintenance report
 
     Profile profile;
     ItemFactory factory(&profile);
     Report report(&profile, &factory);
     report.setType(kv::PatientReport);
-    fill(report, &profile);
+    const int n = fill(report, &profile);
     const QList<ReportItem*> items = report.reportItems();
     const QByteArray bytes = saved(report);
-    const QString count = QString::number(items.size());
-    QList<int> starts{41}; // where each record begins, and the end
-    for (ReportItem* item : items)
-        starts.append(starts.constLast() + framed(report, item).size());
+    const QString count = QString::number(n);
+    const QList<int> starts = recordStarts(report);
     auto indexOf = [&](const QString& key) {
         for (int i = 0; i < items.size(); ++i) {
             if (items.at(i)->key() == key)
@@ -590,70 +450,119 @@ void tst_TemplateFile::templateCheck_data()
         QDataStream(&out, QIODevice::WriteOnly) << value;
         return out;
     };
+    const QString loads;
+    const QString format = QStringLiteral("错误的文件格式");
+    const QString newer = QStringLiteral("无法读取高版本的文档");
+    const QString noKey = QStringLiteral("无法创建  对象"); // a frame cut before its key
+    const int patient = kv::PatientReport;
+    const int none = kv::NoReport;
+    const QString cutAt = QStringLiteral("文件在第 %1 个项目处被截断 (共 %2 个项目)");
+    const QString endedIn = QStringLiteral("文件在第 %1 个项目 (%2) 中结束, 或该项目已损坏 (共 %3 个项目)");
 
-    QTest::newRow("complete") << bytes << QString();
-    QTest::newRow("no file") << QByteArray() << QStringLiteral("文件不存在");
-    QTest::newRow("cut in the header") << bytes.left(20) << QStringLiteral("错误的文件格式");
+    QTest::newRow("complete") << bytes << QString() << loads << n << patient;
+    QTest::newRow("version 0") << patched(4, QByteArray(1, 0)) << QString() << loads << n << patient;
+    QTest::newRow("version 2") << patched(4, "\x02") << newer << newer << 0 << patient;
+    QTest::newRow("version 0x80") << patched(4, "\x80") << newer << newer << 0 << patient;
+    QTest::newRow("version 0xFF") << patched(4, "\xff") << newer << newer << 0 << patient;
+    QTest::newRow("tag unreversed") << patched(0, "nrpt") << format << format << 0 << none;
+    QTest::newRow("too short for a tag") << QByteArray("tpr") << format << format << 0 << none;
+    QFile missing(dir.filePath("damaged.rpt"));
+    QVERIFY(!missing.open(QIODevice::ReadOnly));
+    QTest::newRow("no file") << QByteArray() << QStringLiteral("文件不存在") << missing.errorString() << 0
+                             << int(kv::MaintenanceRecordReport);
+    QTest::newRow("cut in the header") << bytes.left(20) << format << format << 0 << patient;
     QTest::newRow("cut after the header")
-        << bytes.left(41) << QStringLiteral("文件在第 1 个项目处被截断 (共 %1 个项目)").arg(count);
-    QTest::newRow("cut in a frame") << bytes.left(starts.at(1) + 3)
-                                    << QStringLiteral("文件在第 2 个项目处被截断 (共 %1 个项目)").arg(count);
+        << bytes.left(41) << cutAt.arg(1).arg(count) << noKey << 0 << patient;
+    QTest::newRow("cut in a frame") << bytes.left(starts.at(1) + 3) << cutAt.arg(2).arg(count) << noKey << 0
+                                    << patient;
     QTest::newRow("cut in a payload")
-        << bytes.left(starts.at(2) - 3)
-        << QStringLiteral("文件在第 2 个项目 (%1) 中结束, 或该项目已损坏 (共 %2 个项目)")
-               .arg(items.at(1)->key(), count);
+        << bytes.left(starts.at(2) - 3) << endedIn.arg(2).arg(items.at(1)->key(), count) << loads << 0
+        << patient;
     QTest::newRow("one byte short") << bytes.left(bytes.size() - 1)
-                                    << QStringLiteral(
-                                           "文件在第 %1 个项目 (%2) 中结束, 或该项目已损坏 (共 %1 个项目)")
-                                           .arg(count, items.constLast()->key());
+                                    << endedIn.arg(count, items.constLast()->key(), count) << loads << 0
+                                    << patient;
     QTest::newRow("trailing bytes") << bytes + "xyz"
-                                    << QStringLiteral("最后一个项目之后还有 3 字节多余的数据");
-    QTest::newRow("dpi 0") << patched(5, QByteArray(4, 0)) << QStringLiteral("分辨率无效: 0 x 96 dpi");
+                                    << QStringLiteral("最后一个项目之后还有 3 字节多余的数据") << loads << n
+                                    << patient;
+    QTest::newRow("dpi 0") << patched(5, QByteArray(4, 0)) << QStringLiteral("分辨率无效: 0 x 96 dpi")
+                           << loads << n << patient;
     QTest::newRow("dpi negative") << patched(9, QByteArray::fromHex("ffffffa0"))
-                                  << QStringLiteral("分辨率无效: 96 x -96 dpi");
+                                  << QStringLiteral("分辨率无效: 96 x -96 dpi") << loads << n << patient;
     QTest::newRow("page width negative")
-        << patched(21, doubleBytes(-210)) << QStringLiteral("纸张尺寸无效: -210 x 297 mm");
+        << patched(21, doubleBytes(-210)) << QStringLiteral("纸张尺寸无效: -210 x 297 mm") << loads << n
+        << patient;
     QTest::newRow("page height 0") << patched(29, doubleBytes(0))
-                                   << QStringLiteral("纸张尺寸无效: 210 x 0 mm");
+                                   << QStringLiteral("纸张尺寸无效: 210 x 0 mm") << loads << n << patient;
     QTest::newRow("negative count") << bytes.left(37) + QByteArray::fromHex("ffffffff")
-                                    << QStringLiteral("项目数无效: -1");
+                                    << QStringLiteral("项目数无效: -1") << loads << 0 << patient;
 
     const int image = indexOf(QStringLiteral("Image"));
     const int png = bytes.indexOf("\x89PNG", starts.at(image));
     QVERIFY(image >= 0 && png > 0 && png < starts.at(image + 1));
     QTest::newRow("undecodable image")
-        << patched(png + 1, "XXX")
-        << QStringLiteral("文件在第 %1 个项目 (Image) 中结束, 或该项目已损坏 (共 %2 个项目)")
-               .arg(image + 1)
-               .arg(count);
+        << patched(png + 1, "XXX") << endedIn.arg(image + 1).arg(QStringLiteral("Image"), count) << loads << 0
+        << patient;
     // The result table's row count follows its frame (key, position, transform) and version byte.
     const int table = indexOf(QStringLiteral("Results"));
     QVERIFY(table >= 0);
     const int rows = starts.at(table + 1) - payloadOf(items.at(table)).size() + 1;
+    const QString tooLarge = QStringLiteral("模板超出限制：一个表格的单元格数不能超过 100000。");
     QTest::newRow("over-large grid count")
         << patched(rows, QByteArray::fromHex("7fffffff"))
-        << QStringLiteral("第 %1 个项目 (Results): 模板超出限制：一个表格的单元格数不能超过 100000。")
-               .arg(table + 1);
+        << QStringLiteral("第 %1 个项目 (Results): ").arg(table + 1) + tooLarge << tooLarge << 0 << patient;
 
-    Report unknown(&profile, &factory);
-    unknown.setType(kv::QcReport);
-    place(unknown, new ReportRectItem, "Gadget", {5, 50});
-    place(unknown, new ReportLineItem, "Line", {5, 90});
-    QTest::newRow("unknown key") << saved(unknown) << QStringLiteral("第 2 个项目: 无法创建 Gadget 对象");
+    // A key the factory makes nothing of: the items read before it are dropped too.
+    for (const QString& key :
+         {QStringLiteral("Gadget"), QStringLiteral("Pointer"), QStringLiteral("field:/patient")}) {
+        Report unknown(&profile, &factory);
+        unknown.setType(kv::QcReport);
+        place(unknown, new ReportRectItem, "Rect", {5, 5});
+        place(unknown, new ReportRectItem, key, {5, 50});
+        place(unknown, new ReportLineItem, "Line", {5, 90});
+        const QString error = QStringLiteral("无法创建 %1 对象").arg(key);
+        QTest::newRow(qPrintable("key " + key))
+            << saved(unknown) << QStringLiteral("第 2 个项目: ") + error << error << 0 << int(kv::QcReport);
+    }
 }
 
-// Whatever Report::load makes of a damaged template, the check names the damage and the item.
-void tst_TemplateFile::templateCheck()
+// What loading makes of a damaged template (the page without its items, or nothing with a
+// message), and the check naming the damage and the item.
+void tst_TemplateFile::damagedTemplates()
 {
     QFETCH(QByteArray, bytes);
+    QFETCH(QString, problem);
     QFETCH(QString, error);
-    const QString fileName = dir.filePath(QStringLiteral("checked.rpt"));
+    QFETCH(int, items);
+    QFETCH(int, type);
+    const QString fileName = dir.filePath(QStringLiteral("damaged.rpt"));
     QFile::remove(fileName);
     if (!bytes.isNull())
         QVERIFY(writeFile(fileName, bytes));
     TemplateCheck check(factory.get());
-    QCOMPARE(check.check(fileName), error.isEmpty());
-    QCOMPARE(check.errorString(), error);
+    QCOMPARE(check.check(fileName), problem.isEmpty());
+    QCOMPARE(check.errorString(), problem);
+    QCOMPARE(int(Report::fileType(fileName)), bytes.isNull() ? int(kv::NoReport) : type);
+
+    Report loaded(&profile, factory.get());
+    loaded.setType(kv::MaintenanceRecordReport);
+    QCOMPARE(loaded.load(fileName), error.isEmpty());
+    QCOMPARE(loaded.errorString(), error);
+    QCOMPARE(loaded.reportItems().size(), items);
+    QCOMPARE(int(loaded.type()), type);
+    // The item list on its own lets a creation message through to its caller.
+    if (error.startsWith(QStringLiteral("无法创建 ")) && bytes.size() > 41) {
+        QDataStream in(bytes.mid(37));
+        in.setVersion(QDataStream::Qt_4_6);
+        QList<ReportItem*> read;
+        QString thrown;
+        try {
+            loaded.loadItems(in, read);
+        } catch (const QString& message) {
+            thrown = message;
+        }
+        QCOMPARE(thrown, error);
+        QVERIFY(read.isEmpty());
+    }
 }
 
 // Templates made to hang, crash or exhaust the loader: each loads to what it can show, or is
@@ -672,20 +581,19 @@ void tst_TemplateFile::hostileTemplates_data()
     badFont.replace(pixelSizeAt, 4, hugeNegative);
     QTest::newRow("font size out of range") << templateOf({{"Text", badFont}}) << QString() << 1;
 
-    const QString tables = nested("<table><tr><td>", "</td></tr></table>", 20);
-    QTest::newRow("tables 20 deep") << templateOf({{"Text", textPayload(1, tables)}})
-                                    << "HTML 表格的嵌套层数不能超过 4" << 0;
-    QTest::newRow("tables 4 deep") << templateOf({{"Text", textPayload(1, nested("<table><tr><td>",
-                                                                                 "</td></tr></table>", 4))}})
-                                   << QString() << 1;
+    auto html = [](const QString& text) {
+        return templateOf({{"Text", textPayload(1, text)}});
+    };
+    const QString table = QStringLiteral("<table><tr><td>");
+    const QString tableEnd = QStringLiteral("</td></tr></table>");
+    QTest::newRow("tables 20 deep") << html(nested(table, tableEnd, 20)) << "HTML 表格的嵌套层数不能超过 4"
+                                    << 0;
+    QTest::newRow("tables 4 deep") << html(nested(table, tableEnd, 4)) << QString() << 1;
     QTest::newRow("elements 3000 deep")
-        << templateOf({{"Text", textPayload(1, nested("<div>", "</div>", 3000))}})
-        << "HTML 元素的嵌套层数不能超过 64" << 0;
-    QTest::newRow("unclosed paragraphs")
-        << templateOf({{"Text", textPayload(1, QStringLiteral("<p>a").repeated(500))}}) << QString() << 1;
-    QTest::newRow("colspan")
-        << templateOf({{"Text", textPayload(1, "<table><tr><td colspan=\"2000000\">x</td></tr></table>")}})
-        << "HTML 单元格的跨行或跨列数不能超过 100" << 0;
+        << html(nested("<div>", "</div>", 3000)) << "HTML 元素的嵌套层数不能超过 64" << 0;
+    QTest::newRow("unclosed paragraphs") << html(QStringLiteral("<p>a").repeated(500)) << QString() << 1;
+    QTest::newRow("colspan") << html("<table><tr><td colspan=\"2000000\">x</td></tr></table>")
+                             << "HTML 单元格的跨行或跨列数不能超过 100" << 0;
     QTest::newRow("long text") << templateOf({{"Text", textPayload(2, QString(70000, u'x'))}})
                                << "一段文字的字符数不能超过 65536" << 0;
 
@@ -703,25 +611,24 @@ void tst_TemplateFile::hostileTemplates_data()
         << templateOf({{"Image", largest}, {"Image", largest}}) << QString() << 2;
 
     const QByteArray noLists = test::streamed(quint32(0), quint32(0));
-    QTest::newRow("65536 x 65536 grid") << templateOf({{"Results", gridPayload(65536, 65536, noLists)}})
-                                        << "一个表格的单元格数不能超过 100000" << 0;
-    QTest::newRow("1001 columns") << templateOf({{"Results", gridPayload(1, 1001, noLists)}})
-                                  << "一个表格的列数不能超过 1000" << 0;
+    auto grid = [](const QByteArray& payload) {
+        return templateOf({{"Results", payload}});
+    };
+    QTest::newRow("65536 x 65536 grid")
+        << grid(gridPayload(65536, 65536, noLists)) << "一个表格的单元格数不能超过 100000" << 0;
+    QTest::newRow("1001 columns") << grid(gridPayload(1, 1001, noLists)) << "一个表格的列数不能超过 1000"
+                                  << 0;
     QList<std::pair<QString, QByteArray>> grids;
     for (int i = 0; i < 3; ++i)
         grids.append({"Results", gridPayload(1000, 100, noLists)});
     QTest::newRow("cells together") << templateOf(grids) << "模板中所有表格的单元格数不能超过 200000" << 0;
-    QTest::newRow("grid rows counted past the end")
-        << templateOf({{"Results", test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(0x7fffffff))}})
-        << QString() << 0;
+    const QByteArray gridHead = test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF());
+    const QByteArray pastTheEnd = test::streamed(quint32(0x7fffffff));
+    QTest::newRow("grid rows counted past the end") << grid(gridHead + pastTheEnd) << QString() << 0;
     QTest::newRow("row cells counted past the end")
-        << templateOf({{"Results", test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(1),
-                                                  quint32(0x7fffffff))}})
-        << QString() << 0;
+        << grid(gridHead + test::streamed(quint32(1)) + pastTheEnd) << QString() << 0;
     QTest::newRow("column specs counted past the end")
-        << templateOf({{"Results", test::streamed(qint8(1), 1, 1, 8.0, 24.0, QSizeF(), quint32(0),
-                                                  quint32(0x7fffffff))}})
-        << QString() << 0;
+        << grid(gridHead + test::streamed(quint32(0)) + pastTheEnd) << QString() << 0;
     const QByteArray penHead = test::streamed(qint8(1), QLineF(0, 0, 10, 0), quint16(Qt::CustomDashLine),
                                               false, 1.0, QBrush(Qt::black), 2.0);
     QTest::newRow("dashes counted past the end")

@@ -62,21 +62,11 @@ QStringList collisions(const Report& report)
         for (int j = i + 1; j < items.size(); ++j) {
             if (OverflowCheck::overlap(a, OverflowCheck::inkRect(items.at(j)->graphicsItem())))
                 found.append(QStringLiteral("%1 at %2,%3 / %4")
-                                 .arg(items.at(i)->key())
-                                 .arg(a.x())
-                                 .arg(a.y())
-                                 .arg(items.at(j)->key()));
+                                 .arg(items.at(i)->key(), QString::number(a.x()), QString::number(a.y()),
+                                      items.at(j)->key()));
         }
     }
     return found;
-}
-
-QSet<QString> keysOf(const Report& report)
-{
-    QSet<QString> keys;
-    for (ReportItem* item : report.reportItems())
-        keys.insert(item->key());
-    return keys;
 }
 
 } // namespace
@@ -86,12 +76,9 @@ class TestTemplates : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
-    void committedTemplatesAreTheGeneratedOnes_data();
-    void committedTemplatesAreTheGeneratedOnes();
-    void templatesLoadWithTheirItems_data();
-    void templatesLoadWithTheirItems();
-    void fieldsNameExistingColumns();
-    void longestValuesFitEveryTemplate();
+    void committedTemplates_data();
+    void committedTemplates();
+    void defaultTemplatesFit();
 
 private:
     static constexpr qint64 longest = 100000;
@@ -105,157 +92,104 @@ void TestTemplates::initTestCase()
     // The longest value of every column in one patient with the most results, and one reagent.
     QSqlDatabase data = m_profile.dataDatabase();
     QVERIFY(insertLongest(data, QStringLiteral("patient"), longest));
-    QSqlQuery copy(data);
-    QVERIFY(copy.exec(
-        QStringLiteral(
-            "insert into result (patientId, item, subitem, abbr, code, result, unit, flag, lowerMarkLimit, "
-            "upperMarkLimit, displayOrder) select %1, item, subitem, abbr, code, result, unit, flag, "
-            "lowerMarkLimit, upperMarkLimit, displayOrder from result where patientId = (select patientId "
-            "from "
-            "result group by patientId order by count(*) desc limit 1)")
+    const QString columns = QStringLiteral("item, subitem, abbr, code, result, unit, flag, lowerMarkLimit, "
+                                           "upperMarkLimit, displayOrder");
+    QVERIFY(QSqlQuery(data).exec(
+        QStringLiteral("insert into result (patientId, %1) select %2, %1 from result where "
+                       "patientId = (select patientId from result group by patientId "
+                       "order by count(*) desc limit 1)")
+            .arg(columns)
             .arg(longest)));
     QVERIFY(insertLongest(m_profile.qcDatabase(), QStringLiteral("reagent"), longest));
 }
 
-void TestTemplates::committedTemplatesAreTheGeneratedOnes_data()
+void TestTemplates::committedTemplates_data()
 {
     QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("keys"); // besides those of every template
+    const QString sample = QStringLiteral("Results field:/patient/name field:/patient/sampleNo "
+                                          "field:/patient/collectTime ");
+    const QHash<QString, QString> keys = {
+        {QStringLiteral("凝血检验报告单"),
+         sample +
+             "field:/patient/sex field:/patient/age field:/patient/ageUnit field:/patient/department "
+             "field:/patient/bed field:/patient/doctor field:/patient/sampleKind field:/patient/diagnosis "
+             "field:/patient/receiveTime field:/patient/reportTime field:/patient/remark"},
+        {QStringLiteral("质控样本报告单"), sample},
+        {QStringLiteral("室内质控报告"),
+         "QcChart QcTable QcControlInfoDetails field:/reagent/name field:/reagent/lot field:/reagent/level "
+         "field:/reagent/expiry prop:/qc/item prop:/qc/abbr prop:/qc/unit prop:/qc/fileno"},
+        {QStringLiteral("维护保养记录"), "MaintenanceMonth MaintenanceRecord MaintenanceOperator"}};
     for (const DefaultTemplate& entry : DefaultTemplates::all())
-        QTest::newRow(qPrintable(entry.settingKey)) << entry.name();
+        QTest::newRow(qPrintable(entry.settingKey)) << entry.name() << keys.value(entry.name());
 }
 
-void TestTemplates::committedTemplatesAreTheGeneratedOnes()
+// The files in templates/ are what the generator makes, and load whole with their items.
+void TestTemplates::committedTemplates()
 {
     QFETCH(QString, name);
+    QFETCH(QString, keys);
     const DefaultTemplate* entry = DefaultTemplates::find(name);
     QVERIFY(entry);
-
     Profile designer;
     ColumnDisplayNames::write(&designer);
-    Report report(&designer, nullptr);
-    DefaultTemplates::build(*entry, &report);
+    Report built(&designer, nullptr);
+    DefaultTemplates::build(*entry, &built);
     QByteArray generated;
     QBuffer buffer(&generated);
     QVERIFY(buffer.open(QIODevice::WriteOnly));
     QDataStream out(&buffer);
-    QVERIFY2(report.save(out), qPrintable(report.errorString()));
+    QVERIFY2(built.save(out), qPrintable(built.errorString()));
 
-    QFile committed(QDir(templateFolder()).filePath(name + QStringLiteral(".rpt")));
+    const QString path = QDir(templateFolder()).filePath(name + QStringLiteral(".rpt"));
+    QFile committed(path);
     QVERIFY2(committed.open(QIODevice::ReadOnly), qPrintable(committed.fileName()));
     // Rebuild with: build/default/bin/coagulation-templategen templates
     QVERIFY2(committed.readAll() == generated,
              "templates/ is out of date: run coagulation-templategen templates and commit the result");
-}
 
-void TestTemplates::templatesLoadWithTheirItems_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QStringList>("keys");
-    const QStringList common = {
-        QStringLiteral("profile:/hospital"), QStringLiteral("prop:/date"), QStringLiteral("prop:/time"),
-        QStringLiteral("prop:/page"),        QStringLiteral("Text"),       QStringLiteral("Line")};
-    QTest::newRow("patient") << QStringLiteral("凝血检验报告单") << int(kv::PatientReport)
-                             << common + QStringList{QStringLiteral("Results"),
-                                                     QStringLiteral("field:/patient/name"),
-                                                     QStringLiteral("field:/patient/sex"),
-                                                     QStringLiteral("field:/patient/age"),
-                                                     QStringLiteral("field:/patient/ageUnit"),
-                                                     QStringLiteral("field:/patient/sampleNo"),
-                                                     QStringLiteral("field:/patient/department"),
-                                                     QStringLiteral("field:/patient/bed"),
-                                                     QStringLiteral("field:/patient/doctor"),
-                                                     QStringLiteral("field:/patient/sampleKind"),
-                                                     QStringLiteral("field:/patient/diagnosis"),
-                                                     QStringLiteral("field:/patient/collectTime"),
-                                                     QStringLiteral("field:/patient/receiveTime"),
-                                                     QStringLiteral("field:/patient/reportTime"),
-                                                     QStringLiteral("field:/patient/remark")};
-    QTest::newRow("qc sample") << QStringLiteral("质控样本报告单") << int(kv::PatientReport)
-                               << common + QStringList{QStringLiteral("Results"),
-                                                       QStringLiteral("field:/patient/name"),
-                                                       QStringLiteral("field:/patient/sampleNo"),
-                                                       QStringLiteral("field:/patient/collectTime")};
-    QTest::newRow("qc") << QStringLiteral("室内质控报告") << int(kv::QcReport)
-                        << common + QStringList{QStringLiteral("QcChart"),
-                                                QStringLiteral("QcTable"),
-                                                QStringLiteral("QcControlInfoDetails"),
-                                                QStringLiteral("field:/reagent/name"),
-                                                QStringLiteral("field:/reagent/lot"),
-                                                QStringLiteral("field:/reagent/level"),
-                                                QStringLiteral("field:/reagent/expiry"),
-                                                QStringLiteral("prop:/qc/item"),
-                                                QStringLiteral("prop:/qc/abbr"),
-                                                QStringLiteral("prop:/qc/unit"),
-                                                QStringLiteral("prop:/qc/fileno")};
-    QTest::newRow("maintenance") << QStringLiteral("维护保养记录") << int(kv::MaintenanceRecordReport)
-                                 << common + QStringList{QStringLiteral("MaintenanceMonth"),
-                                                         QStringLiteral("MaintenanceRecord"),
-                                                         QStringLiteral("MaintenanceOperator")};
-}
-
-void TestTemplates::templatesLoadWithTheirItems()
-{
-    QFETCH(QString, name);
-    QFETCH(int, type);
-    QFETCH(QStringList, keys);
-    const QString path = QDir(templateFolder()).filePath(name + QStringLiteral(".rpt"));
-    QCOMPARE(int(Report::fileType(path)), type);
-
+    QCOMPARE(Report::fileType(path), entry->type);
     ItemFactory factory(&m_profile);
     Report report(&m_profile, &factory);
     QVERIFY2(report.load(path), qPrintable(report.errorString()));
-    QCOMPARE(int(report.type()), type);
+    QCOMPARE(report.type(), entry->type);
     QCOMPARE(report.pageSize(), QPageSize::A4);
-    const QSet<QString> present = keysOf(report);
-    for (const QString& key : keys)
+    QSet<QString> present;
+    for (ReportItem* item : report.reportItems())
+        present.insert(item->key());
+    keys += QStringLiteral(" profile:/hospital prop:/date prop:/time prop:/page Text Line");
+    for (const QString& key : keys.split(QLatin1Char(' '), Qt::SkipEmptyParts))
         QVERIFY2(present.contains(key), qPrintable(key));
     // Every item was read back: none was lost to a payload the reader did not understand.
-    Profile designer;
-    ColumnDisplayNames::write(&designer);
-    Report built(&designer, nullptr);
-    DefaultTemplates::build(*DefaultTemplates::find(name), &built);
     QCOMPARE(report.reportItems().size(), built.reportItems().size());
 }
 
-void TestTemplates::fieldsNameExistingColumns()
-{
-    const QHash<QString, QSqlDatabase> databases = {{QStringLiteral("patient"), m_profile.dataDatabase()},
-                                                    {QStringLiteral("reagent"), m_profile.qcDatabase()}};
-    Profile designer;
-    ColumnDisplayNames::write(&designer);
-    for (const DefaultTemplate& entry : DefaultTemplates::all()) {
-        Report report(&designer, nullptr);
-        DefaultTemplates::build(entry, &report);
-        for (ReportItem* item : report.reportItems()) {
-            if (!item->key().startsWith(QLatin1String("field:/")))
-                continue;
-            const QStringList parts = item->key().mid(7).split(QLatin1Char('/'));
-            QCOMPARE(parts.size(), 2);
-            QVERIFY2(databases.contains(parts.at(0)), qPrintable(item->key()));
-            const QSqlRecord columns = databases.value(parts.at(0)).record(parts.at(0));
-            QVERIFY2(columns.contains(parts.at(1)),
-                     qPrintable(entry.name() + QLatin1Char(' ') + item->key()));
-            // The designer shows the column's display name, not its raw name.
-            auto* field = dynamic_cast<ReportFieldItem*>(item);
-            QVERIFY(field);
-            QVERIFY2(!field->toPlainText().contains(parts.at(1)), qPrintable(field->toPlainText()));
-        }
-    }
-}
-
-void TestTemplates::longestValuesFitEveryTemplate()
+void TestTemplates::defaultTemplatesFit()
 {
     // As the designer shows them (placeholders) and bound to the longest demo values, no item of
     // a default template covers another or leaves the page.
     ItemFactory factory(&m_profile);
     Profile designer;
     ColumnDisplayNames::write(&designer);
+    const QHash<QString, QSqlDatabase> databases = {{QStringLiteral("patient"), m_profile.dataDatabase()},
+                                                    {QStringLiteral("reagent"), m_profile.qcDatabase()}};
     for (const DefaultTemplate& entry : DefaultTemplates::all()) {
         Report built(&designer, nullptr);
         DefaultTemplates::build(entry, &built);
         QVERIFY2(collisions(built).isEmpty(),
                  qPrintable(entry.name() + QLatin1Char(' ') + collisions(built).join(QStringLiteral(", "))));
+        // Fields name existing columns, and the designer shows their display names.
+        for (ReportItem* item : built.reportItems()) {
+            if (!item->key().startsWith(QLatin1String("field:/")))
+                continue;
+            const QStringList parts = item->key().mid(7).split(QLatin1Char('/'));
+            QCOMPARE(parts.size(), 2);
+            QVERIFY2(databases.value(parts.at(0)).record(parts.at(0)).contains(parts.at(1)),
+                     qPrintable(entry.name() + QLatin1Char(' ') + item->key()));
+            auto* field = dynamic_cast<ReportFieldItem*>(item);
+            QVERIFY(field);
+            QVERIFY2(!field->toPlainText().contains(parts.at(1)), qPrintable(field->toPlainText()));
+        }
 
         Report report(&m_profile, &factory);
         QVERIFY(report.load(QDir(templateFolder()).filePath(entry.name() + QStringLiteral(".rpt"))));
