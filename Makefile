@@ -1,5 +1,5 @@
 # Entry points for a fresh Debian 12 machine (run as root): each target installs what is missing first.
-.PHONY: all deps build demo test test-sanitize fuzz bench package clean
+.PHONY: all deps build demo test test-sanitize coverage fuzz bench package clean
 
 all: build
 
@@ -20,6 +20,15 @@ test-sanitize: deps
 	cmake --preset sanitize
 	cmake --build --preset sanitize
 	ctest --preset sanitize
+
+# The suite once more with gcc coverage, then line and branch coverage of report/ and host/
+# (reports in build/coverage/: coverage.txt, coverage.json, html/index.html).
+coverage: deps
+	cmake --preset coverage
+	cmake --build --preset coverage
+	find build/coverage -name '*.gcda' -delete
+	ctest --preset coverage
+	scripts/coverage.sh build/coverage
 
 # The template fuzz targets (clang, ASan and UBSan), each run for FUZZ_SECONDS; FUZZ_JOBS=3 runs
 # them side by side. Findings land in build/fuzz/findings/ and fail the target.

@@ -7,7 +7,7 @@ packages=(
     build-essential cmake ninja-build
     qt6-base-dev libqt6sql6-sqlite qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n
     libqpdf-dev libharfbuzz-dev qpdf fonts-noto-cjk poppler-utils xvfb xauth
-    libbenchmark-dev clang
+    libbenchmark-dev clang gcovr
 )
 
 missing=()

@@ -1,11 +1,11 @@
 #pragma once
 
-// What a printed PDF holds as a reader finds it: its pages, and the answers of poppler-utils and qpdf
-// (both are build dependencies: a missing tool fails the test).
+// What a printed PDF holds as a reader finds it: its pages, and the answers of poppler-utils and qpdf.
 
 #include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QStandardPaths>
 #include <QStringList>
 
 namespace coagulation::test {
@@ -29,6 +29,15 @@ inline QString pdfTool(const QString& tool, const QStringList& arguments)
         process.exitCode() != 0)
         return QString();
     return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+inline bool hasPdfTools()
+{
+    for (const char* tool : {"pdftotext", "pdfinfo", "pdffonts", "pdfimages", "qpdf"}) {
+        if (QStandardPaths::findExecutable(QString::fromLatin1(tool)).isEmpty())
+            return false;
+    }
+    return true;
 }
 
 // The text of each page, in page order.
