@@ -1,4 +1,5 @@
 #include "../common/dialoganswerer.h"
+#include "../common/files.h"
 #include "../common/viewdriver.h"
 #include "../common/workspace.h"
 
@@ -688,10 +689,7 @@ void tst_Designer::openErrorShowsReportText()
     addRect(QRectF(0, 0, 10, 10));
     Report* current = window->report();
     const QString path = lab.filePath(QStringLiteral("broken.rpt"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("not a template");
-    file.close();
+    QVERIFY(test::writeFile(path, "not a template"));
 
     dialogs->saveChanges = QMessageBox::Discard;
     dialogs->openName = path;

@@ -1,3 +1,5 @@
+#include "../common/files.h"
+
 #include <core/information.h>
 #include <core/profile.h>
 #include <core/waitcursor.h>
@@ -48,11 +50,7 @@ void tst_Profile::databases()
 {
     QTemporaryDir dir;
     const QString ini = dir.filePath("profile.ini");
-    {
-        QFile file(ini);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("[database]\ndata=lab-data.db\n");
-    }
+    QVERIFY(test::writeFile(ini, "[database]\ndata=lab-data.db\n"));
     {
         Profile profile(ini);
         QSqlQuery query(profile.dataDatabase());

@@ -144,7 +144,6 @@ private Q_SLOTS:
     void patientRows();
     void patientWithoutData();
     void patientHugePrecision();
-    void patientTableRendered();
 
     void qcInfoTables_data();
     void qcInfoTables();
@@ -308,7 +307,6 @@ void TestTables::tableCopy()
 void TestTables::patientSample()
 {
     ReportPatientTableItem table(&m_profile);
-    QCOMPARE(table.profile(), &m_profile);
     QCOMPARE(table.columnCount(), 6);
     QCOMPARE(table.rowCount(), 2);
     QCOMPARE(row(table, 0), (QStringList{"代码", "项目名称", "结果", "单位", "标志", "参考值"}));
@@ -384,34 +382,6 @@ void TestTables::patientWithoutData()
     QTest::failOnWarning(QRegularExpression(".*"));
     orphan->updateData();
     QCOMPARE(orphan->rowCount(), 0);
-}
-
-void TestTables::patientTableRendered()
-{
-    Report report(&m_profile, nullptr);
-    ReportPatientTableItem* table = patientTable(report, &m_profile);
-    table->setFont(testFont());
-    table->setPos(20, 20);
-    const QImage design = render(report, QSize(700, 200));
-    // Design time: header and sample row.
-    QVERIFY(darkPixels(design, QRectF(20, 20, 600, 24)) > 0);
-    QVERIFY(darkPixels(design, QRectF(20, 44, 600, 24)) > 0);
-
-    report.fetchData(patientWithoutResults, m_profile.dataDatabase());
-    QCOMPARE(darkPixels(render(report, QSize(700, 200)), QRectF(0, 0, 700, 200)), 0);
-
-    report.fetchData(testPatient, m_profile.dataDatabase());
-    const QImage image = render(report, QSize(700, 200));
-    // Five data rows and nothing below them; row 0 is data, not the header.
-    for (int r = 0; r < 5; ++r)
-        QVERIFY2(darkPixels(image, QRectF(20, 20 + r * 24, 600, 24)) > 0, qPrintable(QString::number(r)));
-    QCOMPARE(darkPixels(image, QRectF(0, 20 + 5 * 24, 700, 80)), 0);
-    // The result column (x 200 to 300) is right-aligned: "13.5" sits at its right edge.
-    QVERIFY(darkPixels(image, QRectF(20 + 260, 20, 32, 24)) > 0);
-    QCOMPARE(darkPixels(image, QRectF(20 + 200, 20, 50, 24)), 0);
-    // The code column starts at its left padding.
-    QVERIFY(darkPixels(image, QRectF(20 + 8, 20, 20, 24)) > 0);
-    QCOMPARE(darkPixels(image, QRectF(20, 20, 7, 24 * 5)), 0);
 }
 
 // --- QC information tables --------------------------------------------------------------------
@@ -525,10 +495,7 @@ void TestTables::detailsComputedValues()
         const double sd = std::sqrt(squares / (n - 1));
 
         Report report(&m_profile, nullptr);
-        auto* table = new ReportQcInfoDetailsTableItem;
-        report.addItem(table);
-        report.prepareQcData(data);
-        report.fetchQcData(data);
+        ReportQcInfoDetailsTableItem* table = printedInfoTables(report, data).second;
         QCOMPARE(table->rowCount(), 7);
         QCOMPARE(table->itemText(0, 1), QStringLiteral("25"));
         QCOMPARE(table->itemText(1, 1), g4(data->mean));

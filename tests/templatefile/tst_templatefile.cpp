@@ -1,3 +1,4 @@
+#include "../common/files.h"
 #include "../common/payload.h"
 
 #include <core/information.h>
@@ -19,21 +20,11 @@
 #include <sys/stat.h>
 
 using namespace coagulation;
+using test::fileBytes;
 using test::payloadOf;
+using test::writeFile;
 
 namespace {
-
-QByteArray fileBytes(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeFile(const QString& fileName, const QByteArray& bytes)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 QByteArray saved(Report& report)
 {
