@@ -239,6 +239,7 @@ void tst_Designer::drawTextTypeAndUndo()
     QTest::mouseClick(palette->button(text), Qt::LeftButton);
     QCOMPARE(palette->current(), text);
     QCOMPARE(window->view()->dragMode(), QGraphicsView::NoDrag); // the pointer was left
+    QCOMPARE(palette->pointer()->view(), window->view());        // and stays attached, deliberately
 
     drag(QPointF(100, 100), QPointF(300, 140));
     auto* item = dynamic_cast<ReportTextItem*>(items().value(0));

@@ -9,7 +9,6 @@
 #include <reportitem.h>
 
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QSignalSpy>
 #include <QSqlQuery>
@@ -149,7 +148,6 @@ private Q_SLOTS:
     void create();
     void registration();
     void dataCreators();
-    void arrowCreator();
     void imageCreator();
 };
 
@@ -314,9 +312,6 @@ void tst_ItemFactory::dataCreators()
     QCOMPARE(fieldItem->profile(), &profile);
     QCOMPARE(fieldItem->toPlainText(), QStringLiteral("[性别]"));
 
-    // A column without a display name has no creator, but its key still loads.
-    QCOMPARE(factory.creator("field:/patient/bed"), nullptr);
-
     PropItemFactory props(&profile);
     FactoryProxyCreator rejected(&props, "组", "profile:/hospital", "名称");
     QCOMPARE(rejected.create(), nullptr);
@@ -326,35 +321,6 @@ void tst_ItemFactory::dataCreators()
     item.reset(accepted.create());
     QCOMPARE(kindOf(item.get()), QStringLiteral("ReportPropItem qc/unit"));
     QCOMPARE(accepted.group(), QStringLiteral("组"));
-}
-
-void tst_ItemFactory::arrowCreator()
-{
-    Profile profile;
-    ItemFactory factory(&profile);
-    Report report(&profile, &factory);
-    report.setDesignMode(true);
-    auto* rect = new ReportRectItem;
-    rect->setRect(0, 0, 40, 40);
-    rect->setPos(100, 100);
-    report.addItem(rect);
-    test::ViewDriver driver(&report);
-
-    ReportItemCreator* arrow = factory.creator("Pointer");
-    QVERIFY(arrow);
-    QCOMPARE(arrow->create(), nullptr);
-    arrow->enter(&driver.view);
-    QCOMPARE(driver.view.dragMode(), QGraphicsView::RubberBandDrag);
-
-    // A drag around the item selects it through the view and creates nothing.
-    driver.drag(QPointF(80, 80), QPointF(170, 170));
-    QVERIFY(rect->isSelected());
-    QCOMPARE(report.reportItems().size(), 1);
-    QCOMPARE(report.undoStack()->count(), 0);
-
-    arrow->leave();
-    QCOMPARE(driver.view.dragMode(), QGraphicsView::NoDrag);
-    QCOMPARE(arrow->view(), &driver.view); // still attached, deliberately
 }
 
 void tst_ItemFactory::imageCreator()
