@@ -32,7 +32,6 @@ void tst_Profile::settingsPersist()
         profile.setValue("report/template", "patient", true);
         profile.setValue("session/only", "temporary", false);
         profile.setValue("patient/name", QStringLiteral("姓名"), true);
-        QCOMPARE(profile.value("session/only").toString(), QStringLiteral("temporary"));
         QCOMPARE(profile.fileName(), QFileInfo(ini).absoluteFilePath());
     }
     Profile again(ini);

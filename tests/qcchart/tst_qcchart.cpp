@@ -282,7 +282,6 @@ void tst_QcChart::plotSurface()
     QCOMPARE(qobject_cast<QFrame*>(plot->canvas())->frameStyle(), 1);
     QVERIFY(!plot->axisScaleDraw(QcPlot::xBottom)->hasComponent(QcScaleDraw::Backbone));
     QVERIFY(plot->axisScaleDraw(QcPlot::yLeft)->hasComponent(QcScaleDraw::Backbone));
-    QCOMPARE(chart.widget(), plot);
     QCOMPARE(chart.focusPolicy(), Qt::NoFocus);
     QCOMPARE(chart.flags() & (QGraphicsItem::ItemIsMovable | QGraphicsItem::ItemIsSelectable |
                               QGraphicsItem::ItemSendsScenePositionChanges),
