@@ -195,6 +195,7 @@ void tst_ItemFactory::catalogue()
     QCOMPARE(creators.size(), expected.size());
 }
 
+// Creators answer to each of their keys (the catalogue checks that); here each kind of item once.
 void tst_ItemFactory::create_data()
 {
     QTest::addColumn<QString>("key");
@@ -203,21 +204,15 @@ void tst_ItemFactory::create_data()
         QTest::newRow(name) << QString::fromUtf8(key) << QString::fromUtf8(kind);
     };
     row("Text", "Text", "ReportTextItem");
-    row("文本", "文本", "ReportTextItem");
     row("Line", "Line", "ReportLineItem");
-    row("直线", "直线", "ReportLineItem");
     row("Rect", "Rect", "ReportRectItem");
-    row("矩形", "矩形", "ReportRectItem");
     row("Image", "Image", "ReportImageItem");
-    row("图像", "图像", "ReportImageItem");
     row("pointer makes nothing", "Pointer", "null");
-    row("指针 makes nothing", "指针", "null");
     row("month", "MaintenanceMonth", "ReportMonthItem");
     row("operator", "MaintenanceOperator", "ReportOperatorItem");
     row("qc chart", "QcChart", "ReportQcChartItem");
     row("maintenance table", "MaintenanceRecord", "ReportMaintenanceRecordItem");
     row("Results", "Results", "ReportPatientTableItem");
-    row("结果", "结果", "ReportPatientTableItem");
     row("QcControlInfo", "QcControlInfo", "ReportQcInfoTableItem");
     row("QcControlInfoDetails", "QcControlInfoDetails", "ReportQcInfoDetailsTableItem");
     row("QcTable", "QcTable", "ReportQcTableItem");
