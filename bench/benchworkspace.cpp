@@ -24,7 +24,8 @@ BenchWorkspace::BenchWorkspace(int patientCount)
     const QString templates = QDir(m_folder.path()).filePath(QStringLiteral("default-templates"));
     if (!DefaultTemplates::writeAll(templates, &m_errorString))
         return;
-    if (!DemoWorkspace::create(m_folder.path(), templates, patientCount, &m_errorString))
+    // The folder already holds those templates: `force` lets the workspace go beside them.
+    if (!DemoWorkspace::create(m_folder.path(), templates, patientCount, true, &m_errorString))
         return;
     m_profile = std::make_unique<Profile>(profileFileName());
     m_workspace =

@@ -59,8 +59,9 @@ public:
     }
 
     // Each move crosses a 10-unit grid line, so that every move changes the dragged shape and
-    // repaints; the path stays within 40 x 30 units of the start.
-    void drag(const QPointF& from, int moves)
+    // repaints; the path stays within 40 x 30 units of the start. Not inlined, so that a profile
+    // (callgrind --toggle-collect) can count the gesture alone.
+    Q_NEVER_INLINE void drag(const QPointF& from, int moves)
     {
         send(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
         QPointF at = from;
@@ -134,8 +135,8 @@ void dragHandle(benchmark::State& state, int count, int moves)
     state.counters[counter::items] = count;
 }
 
-// Qt alone: the scene changes a handle drag makes (the rectangle resized, eight handles that
-// ignore transformations moved around it), made by plain Qt items without our code.
+// Qt alone: the scene changes and pixels a handle drag makes (the selected rectangle resized, eight
+// green handles that ignore transformations moved around it), made by plain Qt items without our code.
 class PlainCornerHandle : public QGraphicsRectItem
 {
 public:
@@ -144,9 +145,11 @@ public:
     {
         setRect(-3.5, -3.5, 7, 7);
         setFlags(QGraphicsItem::ItemIsMovable | QGraphicsItem::ItemIgnoresTransformations);
+        paintLikeHandle(this);
         for (int i = 0; i < 7; ++i) {
             auto* other = new QGraphicsRectItem(-3.5, -3.5, 7, 7, container);
             other->setFlag(QGraphicsItem::ItemIgnoresTransformations);
+            paintLikeHandle(other);
             m_others.append(other);
         }
         place();
@@ -169,6 +172,13 @@ protected:
     }
 
 private:
+    // The pixels of a designer handle: a green square with a black outline.
+    static void paintLikeHandle(QGraphicsRectItem* handle)
+    {
+        handle->setPen(QPen(Qt::black));
+        handle->setBrush(QBrush(Qt::green, Qt::SolidPattern));
+    }
+
     void place()
     {
         const QRectF r = m_target->rect();
@@ -197,7 +207,10 @@ void dragPlainHandle(benchmark::State& state, int count, int moves)
         items.append(scene.addRect(rect));
         items.last()->setCursor(Qt::SizeAllCursor); // as report items have
     }
+    // Selected, as the item whose handles are dragged is: Qt paints its dashed selection outline.
     QGraphicsRectItem* target = items.constFirst();
+    target->setFlag(QGraphicsItem::ItemIsSelectable);
+    target->setSelected(true);
     auto* container = new QGraphicsRectItem; // holds the handles, like our tracker
     container->setFlag(QGraphicsItem::ItemHasNoContents);
     container->setZValue(1.0);

@@ -1,7 +1,7 @@
 // Printing patients and a long QC series to PDF through the printer, each beside the floor: the
-// same pages rendered by QGraphicsScene::render of an already filled scene into the same kind of
-// PDF, without SQL and data binding. Also the peak memory of a large against a small job, and of a
-// maintenance job against a one-patient job.
+// same pages rendered by QGraphicsScene::render of already filled scenes into the same kind of
+// PDF, without SQL and data binding (see renderPages). Also the peak memory of a large against a
+// small job, and of a maintenance job against a one-patient job.
 #include "benchmarks.h"
 #include "benchworkspace.h"
 #include "peakmemory.h"
@@ -11,15 +11,20 @@
 #include <kvcore/maintenancerecords.h>
 #include <kvcore/qcseries.h>
 #include <kvcore/workspace.h>
+#include <pdffinisher_p.h>
 #include <report.h>
 #include <reportprinter.h>
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QGraphicsProxyWidget>
 #include <QPainter>
+#include <QPicture>
 #include <QPrinter>
 
+#include <algorithm>
 #include <cstdio>
+#include <functional>
 #include <memory>
 
 namespace coagulation::bench {
@@ -28,8 +33,33 @@ namespace {
 const QString patientTemplateKey = QStringLiteral("report/template");
 const QString qcTemplateKey = QStringLiteral("report/qctemplate");
 
-// The floor: `pages` copies of the report's scene as it is, into a new PDF.
-bool renderPages(Report* report, int pages, const QString& fileName)
+// Qt prints embedded widgets (the QC chart and tables) through pixmaps; a page stays vectors, as
+// ours are, when it goes through a picture recorded at the picture's own resolution.
+void renderVectors(Report* report, QPainter* painter)
+{
+    const QList<QGraphicsItem*> items = report->items();
+    if (std::none_of(items.cbegin(), items.cend(), [](const QGraphicsItem* item) {
+            return item->isVisible() && qgraphicsitem_cast<const QGraphicsProxyWidget*>(item);
+        })) {
+        report->render(painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
+        return;
+    }
+    const QPaintDevice* device = painter->device();
+    QPicture picture;
+    QPainter recorder(&picture);
+    report->render(&recorder,
+                   QRectF(0, 0, device->width() * qreal(picture.logicalDpiX()) / device->logicalDpiX(),
+                          device->height() * qreal(picture.logicalDpiY()) / device->logicalDpiY()),
+                   QRectF(), Qt::KeepAspectRatio);
+    recorder.end();
+    painter->drawPicture(0, 0, picture);
+}
+
+// The floor: `pages` pages of the report's scene into a new PDF, finished as ours are (text layer
+// and metadata). `fill` binds each page's data first, with the clock stopped: the floor renders
+// pages already filled, but each its own, since distinct text costs font subsetting.
+bool renderPages(benchmark::State& state, Report* report, int pages,
+                 const std::function<void(int page)>& fill, const QString& fileName)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
@@ -41,9 +71,17 @@ bool renderPages(Report* report, int pages, const QString& fileName)
     for (int page = 0; page < pages; ++page) {
         if (page > 0)
             printer.newPage();
-        report->render(&painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
+        state.PauseTiming();
+        fill(page);
+        state.ResumeTiming();
+        renderVectors(report, &painter);
     }
-    return painter.end();
+    if (!painter.end())
+        return false;
+    PdfDocumentInfo info;
+    info.title = Report::typeName(report->type());
+    info.creator = QStringLiteral("coagulation-bench");
+    return PdfFinisher::finish(fileName, info, nullptr);
 }
 
 void printPatients(benchmark::State& state, BenchWorkspace* workspace, int count)
@@ -65,16 +103,19 @@ void printPatients(benchmark::State& state, BenchWorkspace* workspace, int count
 
 void patientFloor(benchmark::State& state, BenchWorkspace* workspace, int count)
 {
-    const QList<qint64> ids = workspace->patientIds(1);
+    const QList<qint64> ids = workspace->patientIds(count);
     Report report(workspace->profile(), workspace->itemFactory());
-    if (ids.isEmpty() || !report.load(workspace->templateFile(patientTemplateKey))) {
+    if (ids.size() < count || !report.load(workspace->templateFile(patientTemplateKey))) {
         state.SkipWithError("the patient template does not load");
         return;
     }
-    report.fetchData(int(ids.constFirst()), workspace->profile()->dataDatabase());
+    const QSqlDatabase database = workspace->profile()->dataDatabase();
+    const auto fill = [&](int page) {
+        report.fetchData(int(ids.at(page)), database);
+    };
     const QString fileName = workspace->scratchFile(QStringLiteral("patients-floor.pdf"));
     for (auto _ : state) {
-        if (!renderPages(&report, count, fileName))
+        if (!renderPages(state, &report, count, fill, fileName))
             state.SkipWithError("cannot write the PDF");
     }
     state.counters[counter::pages] = count;
@@ -136,11 +177,13 @@ void qcFloor(benchmark::State& state, BenchWorkspace* workspace, int points)
     const int pages = prepareQc(state, workspace, points, &report, &series);
     if (pages == 0)
         return;
-    report.setCurrentPage(1);
-    report.fetchQcData(series->data());
+    const auto fill = [&](int page) {
+        report.setCurrentPage(page + 1);
+        report.fetchQcData(series->data());
+    };
     const QString fileName = workspace->scratchFile(QStringLiteral("qc-floor.pdf"));
     for (auto _ : state) {
-        if (!renderPages(&report, pages, fileName))
+        if (!renderPages(state, &report, pages, fill, fileName))
             state.SkipWithError("cannot write the PDF");
     }
     state.counters[counter::pages] = pages;

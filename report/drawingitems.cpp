@@ -198,12 +198,17 @@ void ReportTextItem::load(QDataStream& in)
     setBrush(brush);
     setFont(font);
     setTextWidth(width);
+    // One edit block around the text and its alignment, as for bound data: the document lays out
+    // once instead of once for the text and again for the alignment merged over it.
+    QTextCursor edit(document());
+    edit.beginEditBlock();
     // Format 1 keeps templates of the older HTML form readable.
     if (format == 1)
         setHtml(text);
     else
         setPlainText(text);
     setAlignment(Qt::Alignment(align));
+    edit.endEditBlock();
 }
 
 // --- ReportLineItem -------------------------------------------------------------------------

@@ -36,33 +36,32 @@ struct HbDeleter
 };
 template <typename T> using HbPointer = std::unique_ptr<T, HbDeleter>;
 
-// The glyph drawn at the origin of a pixel grid one and a half em wide, ink only.
-QImage inkOf(const QRawFont& font, quint32 glyph)
+// The pixels the glyph inks when drawn at the origin of a grid one and a half em wide.
+GlyphSources::Ink inkOf(const QRawFont& font, quint32 glyph)
 {
-    QImage image(int(pixelSize * 1.5), int(pixelSize * 1.5), QImage::Format_Alpha8);
+    constexpr int side = int(pixelSize * 1.5);
+    static_assert(side * side == int(GlyphSources::Ink().size()), "the ink grid holds the glyph's image");
+    QImage image(side, side, QImage::Format_Alpha8);
     image.fill(0);
-    QPainter painter(&image);
-    painter.translate(pixelSize * 0.25, pixelSize * 1.2);
-    painter.fillPath(font.pathForGlyph(glyph), Qt::black);
-    return image;
+    {
+        QPainter painter(&image);
+        painter.translate(pixelSize * 0.25, pixelSize * 1.2);
+        painter.fillPath(font.pathForGlyph(glyph), Qt::black);
+    }
+    GlyphSources::Ink ink;
+    for (int y = 0; y < side; ++y) {
+        const uchar* line = image.constScanLine(y);
+        for (int x = 0; x < side; ++x)
+            ink[size_t(y * side + x)] = line[x] > 127;
+    }
+    return ink;
 }
 
-// The share of inked pixels that only one of the two images inks: 0 for the same outline.
-qreal difference(const QImage& a, const QImage& b)
+// The share of inked pixels that only one of the two glyphs inks: 0 for the same outline.
+qreal difference(const GlyphSources::Ink& a, const GlyphSources::Ink& b)
 {
-    int either = 0;
-    int one = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        const uchar* lineA = a.constScanLine(y);
-        const uchar* lineB = b.constScanLine(y);
-        for (int x = 0; x < a.width(); ++x) {
-            const bool inkA = lineA[x] > 127;
-            const bool inkB = lineB[x] > 127;
-            either += inkA || inkB;
-            one += inkA != inkB;
-        }
-    }
-    return either == 0 ? 0 : qreal(one) / either;
+    const size_t either = (a | b).count();
+    return either == 0 ? 0 : qreal((a ^ b).count()) / qreal(either);
 }
 
 // What `lookup` turns `glyph` into on its own: its alternates, or the one glyph that replaces it
@@ -140,6 +139,14 @@ GlyphSources::GlyphSources(const QRawFont& font) : m_font(font)
         m_advances.append(hb_font_get_glyph_h_advance(hbFont.get(), glyph) * scale);
 }
 
+const GlyphSources::Ink& GlyphSources::candidateInk(quint32 glyph) const
+{
+    auto found = m_inks.find(glyph);
+    if (found == m_inks.end())
+        found = m_inks.insert(glyph, inkOf(m_font, glyph));
+    return *found;
+}
+
 QString GlyphSources::textOf(const QRawFont& subset, quint32 glyph) const
 {
     if (m_sources.isEmpty())
@@ -149,13 +156,13 @@ QString GlyphSources::textOf(const QRawFont& subset, quint32 glyph) const
     const QList<QPointF> advance = scaled.advancesForGlyphIndexes(QList<quint32>{glyph});
     if (advance.isEmpty())
         return QString();
-    const QImage ink = inkOf(scaled, glyph);
+    const Ink ink = inkOf(scaled, glyph);
 
     // The advance narrows the substitutes to a handful, the outline picks among them.
     QSet<char32_t> fits;
     for (qsizetype i = 0; i < m_candidates.size(); ++i) {
         if (qAbs(m_advances.at(i) - advance.first().x()) <= 0.25 &&
-            difference(ink, inkOf(m_font, m_candidates.at(i))) <= 0.05)
+            difference(ink, candidateInk(m_candidates.at(i))) <= 0.05)
             fits.insert(m_sources.value(m_candidates.at(i)));
     }
     if (fits.size() != 1)

@@ -4,6 +4,8 @@
 #include <QRawFont>
 #include <QString>
 
+#include <bitset>
+
 namespace coagulation {
 
 // Where the glyphs of an installed font that its cmap does not reach come from. Shaping swaps
@@ -20,11 +22,17 @@ public:
     // than one text fits.
     QString textOf(const QRawFont& subset, quint32 glyph) const;
 
+    // Which pixels of a 96 x 96 grid a glyph inks (see inkOf).
+    using Ink = std::bitset<96 * 96>;
+
 private:
+    const Ink& candidateInk(quint32 glyph) const;
+
     QRawFont m_font;
     QHash<quint32, char32_t> m_sources; // substituted glyph -> code point
     QList<quint32> m_candidates;        // its keys, and their advances
     QList<qreal> m_advances;
+    mutable QHash<quint32, Ink> m_inks; // of the candidates drawn so far: every job asks again
 };
 
 } // namespace coagulation

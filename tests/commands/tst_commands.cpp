@@ -21,8 +21,7 @@ private Q_SLOTS:
     void positionMerge();
     void setupPage();
     void textMerge();
-    void newCommandOwnership();
-    void deleteCommandOwnership();
+    void ownership();
 };
 
 void tst_Commands::ids()
@@ -307,7 +306,7 @@ void tst_Commands::textMerge()
     QVERIFY(first.isTextChanged());
 }
 
-void tst_Commands::newCommandOwnership()
+void tst_Commands::ownership()
 {
     Report report(nullptr, nullptr);
     QPointer<ReportTextItem> created = new ReportTextItem(true);
@@ -325,24 +324,21 @@ void tst_Commands::newCommandOwnership()
     report.undo();
     report.undoStack()->clear(); // outside the scene: the command deletes it
     QVERIFY(!undone);
-}
 
-void tst_Commands::deleteCommandOwnership()
-{
-    auto report = std::make_unique<Report>(nullptr, nullptr);
+    auto owner = std::make_unique<Report>(nullptr, nullptr);
     QPointer<ReportTextItem> kept = new ReportTextItem(true);
-    report->addItem(kept);
-    report->undoStack()->push(new DeleteCommand(kept));
+    owner->addItem(kept);
+    owner->undoStack()->push(new DeleteCommand(kept));
     QVERIFY(!kept->scene());
-    report->undo();
-    QCOMPARE(kept->scene(), report.get());
-    report->undoStack()->clear();
+    owner->undo();
+    QCOMPARE(kept->scene(), owner.get());
+    owner->undoStack()->clear();
     QVERIFY(kept);
 
     QPointer<ReportTextItem> deleted = new ReportTextItem(true);
-    report->addItem(deleted);
-    report->undoStack()->push(new DeleteCommand(deleted));
-    report.reset(); // the stack still owns the deleted item and frees it once
+    owner->addItem(deleted);
+    owner->undoStack()->push(new DeleteCommand(deleted));
+    owner.reset(); // the stack still owns the deleted item and frees it once
     QVERIFY(!deleted);
     QVERIFY(!kept);
 }

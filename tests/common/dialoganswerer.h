@@ -1,12 +1,11 @@
 #pragma once
 
 // Answers modal dialogs the way a user would: waits for the next one to open and accepts it,
-// rejects it, picks an item or chooses a file. Answers are used in the order they were queued;
+// rejects it or chooses a file. Answers are used in the order they were queued;
 // a dialog with no answer left is rejected, so a test never hangs on an unexpected question.
 
 #include <QApplication>
 #include <QDialog>
-#include <QInputDialog>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTimer>
@@ -40,15 +39,6 @@ public:
     DialogAnswerer& reject()
     {
         return then([](QDialog* dialog) { dialog->reject(); });
-    }
-    // Chooses text in an item dialog and confirms it.
-    DialogAnswerer& pick(const QString& text)
-    {
-        return then([text](QDialog* dialog) {
-            if (auto* input = qobject_cast<QInputDialog*>(dialog))
-                input->setTextValue(text);
-            dialog->accept();
-        });
     }
     // Types an existing file's path into a file dialog and confirms it. Typed, not selected:
     // selectFile() leaves the name field alone once it has focus, which depends on timing.

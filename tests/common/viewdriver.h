@@ -52,12 +52,6 @@ public:
         release(to, Qt::LeftButton, modifiers);
     }
 
-    // The scene point a view pixel stands for: where an event at scenePos really lands.
-    QPointF landing(const QPointF& scenePos) const
-    {
-        return target->mapToScene(target->mapFromScene(scenePos));
-    }
-
     QGraphicsView view;
 
 private:

@@ -1,7 +1,7 @@
 #pragma once
 
 // Helpers for the items that show a widget on the page: what reaches the widget, their payloads,
-// and the page as it comes out of a PDF printer.
+// and the printed page as a reader sees it.
 
 #include "payload.h"
 
@@ -13,7 +13,6 @@
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPrinter>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -55,19 +54,6 @@ inline QString outputDir(const QString& name, const QTemporaryDir& tmp)
     const QString kept =
         QDir(QStringLiteral(TESTS_SOURCE_DIR)).filePath(QStringLiteral("../build/out/") + name);
     return qEnvironmentVariableIsSet("COAGULATION_KEEP_OUTPUT") && QDir().mkpath(kept) ? kept : tmp.path();
-}
-
-// A resolution of 0 keeps the printer's high resolution; widgets print as pixmaps of that resolution.
-inline void printToPdf(Report& report, const QString& fileName, int resolution = 0)
-{
-    QPrinter printer(QPrinter::HighResolution);
-    if (resolution > 0)
-        printer.setResolution(resolution);
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(fileName);
-    report.setupPrinter(&printer);
-    QPainter painter(&printer);
-    report.render(&painter, QRectF(), report.sceneRect());
 }
 
 // The first page at 96 dpi as pdftoppm sees it, written next to the PDF; null without pdftoppm.

@@ -1,4 +1,5 @@
 #include "../common/dialoganswerer.h"
+#include "../common/files.h"
 #include "../common/viewdriver.h"
 #include "../common/workspace.h"
 
@@ -239,6 +240,7 @@ void tst_Designer::drawTextTypeAndUndo()
     QTest::mouseClick(palette->button(text), Qt::LeftButton);
     QCOMPARE(palette->current(), text);
     QCOMPARE(window->view()->dragMode(), QGraphicsView::NoDrag); // the pointer was left
+    QCOMPARE(palette->pointer()->view(), window->view());        // and stays attached, deliberately
 
     drag(QPointF(100, 100), QPointF(300, 140));
     auto* item = dynamic_cast<ReportTextItem*>(items().value(0));
@@ -583,7 +585,6 @@ void tst_Designer::copyPasteSelection()
     window->action(QStringLiteral("copy"))->trigger();
     const QMimeData* data = QApplication::clipboard()->mimeData();
     QVERIFY(data->hasFormat(Report::mimeType));
-    QVERIFY(window->action(QStringLiteral("paste"))->isEnabled());
     const int steps = stack()->count();
 
     window->action(QStringLiteral("paste"))->trigger();
@@ -653,7 +654,6 @@ void tst_Designer::saveReopenCompare()
 
     const QString path = lab.filePath(QStringLiteral("result.rpt"));
     dialogs->saveName = lab.filePath(QStringLiteral("result")); // the suffix is added
-    QVERIFY(window->action(QStringLiteral("save"))->isEnabled());
     window->action(QStringLiteral("save"))->trigger();
     QVERIFY(QFileInfo::exists(path));
     QVERIFY(!window->isWindowModified());
@@ -687,10 +687,7 @@ void tst_Designer::openErrorShowsReportText()
     addRect(QRectF(0, 0, 10, 10));
     Report* current = window->report();
     const QString path = lab.filePath(QStringLiteral("broken.rpt"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("not a template");
-    file.close();
+    QVERIFY(test::writeFile(path, "not a template"));
 
     dialogs->saveChanges = QMessageBox::Discard;
     dialogs->openName = path;
@@ -855,7 +852,6 @@ void tst_Designer::arrange()
         abc.at(i)->graphicsItem()->setSelected(true);
     const int steps = stack()->count();
 
-    QVERIFY(window->action(action)->isEnabled());
     window->action(action)->trigger();
     QCOMPARE(stack()->count(), steps + 1);
     QCOMPARE(stack()->text(steps), step);

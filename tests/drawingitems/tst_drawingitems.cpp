@@ -78,11 +78,8 @@ private Q_SLOTS:
     void defaults();
     void payloadRoundTrip_data();
     void payloadRoundTrip();
-    void textHtmlFormat();
-    void textWidthFromGeometry();
-    void alignmentSurvivesNewText();
-    void imageGeometryScales();
-    void setGeometryIsOneNotification();
+    void textFormatAndWidth();
+    void imageGeometry();
     void lineSelectionPainting();
     void textEditingChain();
 };
@@ -126,6 +123,7 @@ void tst_DrawingItems::defaults()
     image.setAlignment(Qt::AlignRight);
     QCOMPARE(image.pen(), QPen());
     QCOMPARE(image.brush(), QBrush());
+    QCOMPARE(image.font(), QFont());
     QCOMPARE(image.alignment(), Qt::Alignment());
     QCOMPARE(image.geometry(), QPolygonF({QPointF(0, 0), QPointF(0, 0)}));
     QCOMPARE(image.cursor().shape(), Qt::SizeAllCursor);
@@ -179,7 +177,7 @@ void tst_DrawingItems::payloadRoundTrip()
         QCOMPARE(text->document()->lastBlock().blockFormat().alignment(), Qt::Alignment(Qt::AlignRight));
 }
 
-void tst_DrawingItems::textHtmlFormat()
+void tst_DrawingItems::textFormatAndWidth()
 {
     ReportTextItem text(true);
     const QByteArray bytes = test::streamed(qint8(1), qint32(Qt::AlignHCenter), QPen(), QBrush(), QFont(),
@@ -192,39 +190,38 @@ void tst_DrawingItems::textHtmlFormat()
     QVERIFY(test::loadPayload(&plain, payloadOf(&text)));
     QCOMPARE(plain.toPlainText(), QStringLiteral("粗体 text"));
     QCOMPARE(payloadOf(&text).at(0), char(2));
+
+    // The alignment holds for every block of a new text, plain or HTML.
+    ReportTextItem centred(true);
+    const auto alignments = [&] {
+        QList<int> list;
+        for (QTextBlock block = centred.document()->begin(); block.isValid(); block = block.next())
+            list.append(int(block.blockFormat().alignment()));
+        return list;
+    };
+    centred.setTextWidth(200);
+    centred.setAlignment(Qt::AlignHCenter);
+    centred.setPlainText(QStringLiteral("一\n二\n三"));
+    QCOMPARE(alignments(), QList<int>(3, Qt::AlignHCenter));
+    centred.setHtml(QStringLiteral("<p>a</p><p>b</p>"));
+    QCOMPARE(alignments(), QList<int>(2, Qt::AlignHCenter));
+
+    ReportTextItem sized(true);
+    sized.setPlainText(QStringLiteral("A text that grows with its content"));
+    sized.setGeometry(QPolygonF({QPointF(0, 0), QPointF(80, 20), QPointF(80, 20)}));
+    QCOMPARE(sized.textWidth(), 80.0);
+    sized.setGeometry(QPolygonF({QPointF(10, 0), QPointF(80, 20), QPointF(11.5, 20)}));
+    QCOMPARE(sized.textWidth(), -1.0);
+    QCOMPARE(sized.pos(), QPointF(10, 0));
+    sized.setGeometry(QPolygonF({QPointF(0, 0), QPointF(60, 20)})); // two points: width from point 1
+    QCOMPARE(sized.textWidth(), 60.0);
+    sized.setGeometry(QPolygonF({QPointF(5, 5)})); // one point: automatic width
+    QCOMPARE(sized.textWidth(), -1.0);
+    sized.setGeometry(QPolygonF()); // empty: stays where it is
+    QCOMPARE(sized.pos(), QPointF(15, 5));
 }
 
-void tst_DrawingItems::textWidthFromGeometry()
-{
-    ReportTextItem text(true);
-    text.setPlainText(QStringLiteral("A text that grows with its content"));
-    text.setGeometry(QPolygonF({QPointF(0, 0), QPointF(80, 20), QPointF(80, 20)}));
-    QCOMPARE(text.textWidth(), 80.0);
-    text.setGeometry(QPolygonF({QPointF(10, 0), QPointF(80, 20), QPointF(11.5, 20)}));
-    QCOMPARE(text.textWidth(), -1.0);
-    QCOMPARE(text.pos(), QPointF(10, 0));
-    text.setGeometry(QPolygonF({QPointF(0, 0), QPointF(60, 20)})); // two points: width from point 1
-    QCOMPARE(text.textWidth(), 60.0);
-    text.setGeometry(QPolygonF({QPointF(5, 5)})); // one point: automatic width
-    QCOMPARE(text.textWidth(), -1.0);
-    text.setGeometry(QPolygonF()); // empty: stays where it is
-    QCOMPARE(text.pos(), QPointF(15, 5));
-}
-
-void tst_DrawingItems::alignmentSurvivesNewText()
-{
-    ReportTextItem text(true);
-    text.setTextWidth(200);
-    text.setAlignment(Qt::AlignHCenter);
-    text.setPlainText(QStringLiteral("一\n二\n三"));
-    for (QTextBlock block = text.document()->begin(); block.isValid(); block = block.next())
-        QCOMPARE(block.blockFormat().alignment(), Qt::Alignment(Qt::AlignHCenter));
-    text.setHtml(QStringLiteral("<p>a</p><p>b</p>"));
-    for (QTextBlock block = text.document()->begin(); block.isValid(); block = block.next())
-        QCOMPARE(block.blockFormat().alignment(), Qt::Alignment(Qt::AlignHCenter));
-}
-
-void tst_DrawingItems::imageGeometryScales()
+void tst_DrawingItems::imageGeometry()
 {
     ReportImageItem image;
     image.setPixmap(QPixmap::fromImage(blankPixmap(50, 20)));
@@ -238,22 +235,19 @@ void tst_DrawingItems::imageGeometryScales()
     ReportImageItem empty; // no pixmap: nothing to scale, nothing becomes NaN
     empty.setGeometry(QPolygonF({QPointF(0, 0), QPointF(30, 30)}));
     QVERIFY(empty.transform().isIdentity());
-}
 
-void tst_DrawingItems::setGeometryIsOneNotification()
-{
     Report report(nullptr, nullptr);
     report.setDesignMode(true);
-    auto* image = new ReportImageItem;
-    image->setPixmap(QPixmap::fromImage(blankPixmap(10, 10)));
-    report.addItem(image);
-    image->setSelected(true);
+    auto* snapped = new ReportImageItem;
+    snapped->setPixmap(QPixmap::fromImage(blankPixmap(10, 10)));
+    report.addItem(snapped);
+    snapped->setSelected(true);
     // The geometry moves the item to an off-grid point; a plain move would be snapped and recorded.
-    image->setGeometry(QPolygonF({QPointF(3, 3), QPointF(23, 13)}));
-    QCOMPARE(image->pos(), QPointF(3, 3));
+    snapped->setGeometry(QPolygonF({QPointF(3, 3), QPointF(23, 13)}));
+    QCOMPARE(snapped->pos(), QPointF(3, 3));
     QCOMPARE(report.undoStack()->count(), 0);
-    image->setPos(3, 3.5);
-    QCOMPARE(image->pos(), QPointF(0, 0));
+    snapped->setPos(3, 3.5);
+    QCOMPARE(snapped->pos(), QPointF(0, 0));
     QCOMPARE(report.undoStack()->count(), 1);
 }
 

@@ -177,8 +177,6 @@ void TestItemCreator::dragCreatesOneItem()
     QSignalSpy created(&creator, &ReportItemCreator::created);
     QSignalSpy finished(&creator, &ReportItemCreator::finished);
     creator.enter(&c.driver.view);
-    QCOMPARE(creator.report(), &c.report);
-    QCOMPARE(creator.view(), &c.driver.view);
 
     c.driver.press({52, 48});
     QCOMPARE(created.count(), 1);
@@ -335,8 +333,6 @@ void TestItemCreator::snapping()
     QFETCH(QPointF, end);
 
     test::DesignCanvas c;
-    QCOMPARE(c.driver.landing(from), from);
-    QCOMPARE(c.driver.landing(to), to);
     TestCreator<ReportLineItem> creator;
     creator.enter(&c.driver.view);
 

@@ -87,8 +87,7 @@ void tst_Plugin::createPrinters()
 
     std::unique_ptr<DataStorage> first(factory->create());
     std::unique_ptr<DataStorage> second(factory->create());
-    QVERIFY(first && second);
-    QVERIFY(first.get() != second.get());
+    QVERIFY(first && second && first.get() != second.get());
     QVERIFY(!first->parent());
     QCOMPARE(first->metaObject()->className(), "coagulation::ReportPrinter");
 

@@ -1,6 +1,7 @@
 // Print jobs end to end: the printer comes from the plug-in, the data from the generated
 // laboratory databases, the templates are saved by the test, and the output is a real PDF.
 #include "../common/dialoganswerer.h"
+#include "../common/files.h"
 #include "../common/pdf.h"
 #include "../common/workspace.h"
 
@@ -112,12 +113,6 @@ public:
 private:
     const char* m_context;
 };
-
-bool writeFile(const QString& fileName, const QByteArray& bytes)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
 
 const QString paging = QStringLiteral("test:/paging");
 
@@ -332,8 +327,8 @@ void tst_Printing::enumTemplate()
     saveTemplate(QStringLiteral("x.y"), kv::PatientReport, {});
     const QDir templates = m_lab.templateDirectory();
     QFile::copy(templatePath(QStringLiteral("a")), templates.filePath(QStringLiteral("c.txt")));
-    QVERIFY(writeFile(templatePath(QStringLiteral("broken")), "not a template"));
-    QVERIFY(writeFile(templatePath(QStringLiteral("empty")), QByteArray()));
+    QVERIFY(test::writeFile(templatePath(QStringLiteral("broken")), "not a template"));
+    QVERIFY(test::writeFile(templatePath(QStringLiteral("empty")), QByteArray()));
     QVERIFY(templates.mkdir(QStringLiteral("folder.rpt")));
 
     QStringList listed = m_printer->enumTemplate(templates.path(), kv::ReportType(type));
@@ -421,7 +416,7 @@ void tst_Printing::unloadableTemplate()
     if (!choice.isEmpty())
         m_profile->setValue(QStringLiteral("report/template"), choice, true);
     if (!bytes.isNull())
-        QVERIFY(writeFile(templatePath(choice), bytes));
+        QVERIFY(test::writeFile(templatePath(choice), bytes));
     QFile file(templatePath(choice));
     if (reason.isNull()) {
         QVERIFY(!file.open(QIODevice::ReadOnly));

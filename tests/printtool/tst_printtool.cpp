@@ -1,6 +1,7 @@
 // The print tool's own part: its commands and arguments, messages and exit codes, the files it
 // writes or keeps, and the checks it makes before a job. What a print job puts on paper is the
 // printing test's.
+#include "../common/files.h"
 #include "../common/pdf.h"
 #include "../common/workspace.h"
 
@@ -24,6 +25,7 @@
 #include <sys/resource.h>
 
 using namespace coagulation;
+using test::fileBytes;
 using test::pdfPageCount;
 
 namespace {
@@ -65,12 +67,6 @@ Run runTool(const QStringList& arguments,
     return run;
 }
 
-QByteArray fileBytes(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 // Runs SQL on a workspace's database file through a connection of its own; rows gets the first
 // column of every row.
 bool sqlOn(const QString& databaseFile, const QString& sql, QStringList* rows = nullptr)
@@ -88,12 +84,6 @@ bool sqlOn(const QString& databaseFile, const QString& sql, QStringList* rows = 
     }
     QSqlDatabase::removeDatabase(QStringLiteral("direct"));
     return ok;
-}
-
-// The print date as an English session writes it ("Monday, November 23, 2026").
-QString englishDate()
-{
-    return QLocale(QLocale::English).toString(QDate::currentDate(), QLocale::LongFormat);
 }
 
 } // namespace
@@ -367,10 +357,7 @@ void TestPrintTool::damagedTemplateIsRefused()
     QVERIFY(good.size() > 1000);
     const QString bad = path(QStringLiteral("damaged/坏.rpt"));
     QDir().mkpath(path(QStringLiteral("damaged")));
-    QFile file(bad);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(good.left(good.size() / 2));
-    file.close();
+    QVERIFY(test::writeFile(bad, good.left(good.size() / 2)));
     const QStringList before = printTimes();
     const QString pdf = path(QStringLiteral("out/damaged.pdf"));
     const Run run =
@@ -466,9 +453,7 @@ void TestPrintTool::failedWritesKeepTheEarlierFile()
     QFETCH(qint64, sizeLimit);
     if (!QFileInfo::exists(target) || QFileInfo(target).isFile()) {
         QDir().mkpath(QFileInfo(target).absolutePath());
-        QFile earlier(target);
-        QVERIFY(earlier.open(QIODevice::WriteOnly));
-        earlier.write("earlier report");
+        QVERIFY(test::writeFile(target, "earlier report"));
     }
     const QStringList before = printTimes();
     const Run run =
@@ -574,7 +559,9 @@ void TestPrintTool::sessionLanguage()
              qPrintable(text.mid(qMax(0, int(chinese.capturedStart()) - 40), 80)));
     for (const QString& phrase : expected)
         QVERIFY2(text.contains(phrase), qPrintable(phrase + QLatin1Char('\n') + text));
-    QVERIFY2(text.contains(englishDate()), qPrintable(text.right(200)));
+    // The print date as an English session writes it ("Monday, November 23, 2026").
+    const QString date = QLocale(QLocale::English).toString(QDate::currentDate(), QLocale::LongFormat);
+    QVERIFY2(text.contains(date), qPrintable(text.right(200)));
 }
 
 QTEST_MAIN(TestPrintTool)

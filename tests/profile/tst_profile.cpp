@@ -1,3 +1,5 @@
+#include "../common/files.h"
+
 #include <core/information.h>
 #include <core/profile.h>
 #include <core/waitcursor.h>
@@ -30,7 +32,6 @@ void tst_Profile::settingsPersist()
         profile.setValue("report/template", "patient", true);
         profile.setValue("session/only", "temporary", false);
         profile.setValue("patient/name", QStringLiteral("姓名"), true);
-        QCOMPARE(profile.value("session/only").toString(), QStringLiteral("temporary"));
         QCOMPARE(profile.fileName(), QFileInfo(ini).absoluteFilePath());
     }
     Profile again(ini);
@@ -48,11 +49,7 @@ void tst_Profile::databases()
 {
     QTemporaryDir dir;
     const QString ini = dir.filePath("profile.ini");
-    {
-        QFile file(ini);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("[database]\ndata=lab-data.db\n");
-    }
+    QVERIFY(test::writeFile(ini, "[database]\ndata=lab-data.db\n"));
     {
         Profile profile(ini);
         QSqlQuery query(profile.dataDatabase());

@@ -10,7 +10,6 @@
 #include <report.h>
 #include <reportitem.h>
 
-#include <QBuffer>
 #include <QDataStream>
 #include <QDir>
 #include <QFile>
@@ -136,9 +135,7 @@ void TestTemplates::committedTemplates()
     Report built(&designer, nullptr);
     DefaultTemplates::build(*entry, &built);
     QByteArray generated;
-    QBuffer buffer(&generated);
-    QVERIFY(buffer.open(QIODevice::WriteOnly));
-    QDataStream out(&buffer);
+    QDataStream out(&generated, QIODevice::WriteOnly);
     QVERIFY2(built.save(out), qPrintable(built.errorString()));
 
     const QString path = QDir(templateFolder()).filePath(name + QStringLiteral(".rpt"));
