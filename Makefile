@@ -22,13 +22,14 @@ test-sanitize: deps
 	ctest --preset sanitize
 
 # The suite once more with gcc coverage, then line and branch coverage of report/ and host/
-# (reports in build/coverage/: coverage.txt, coverage.json, html/index.html).
+# (reports in build/coverage/: coverage.txt, coverage.json, html/index.html). COVERAGE_BEFORE=FILE.json
+# (an earlier coverage.json) also lists the lines of report/ that run covered and this one does not.
 coverage: deps
 	cmake --preset coverage
 	cmake --build --preset coverage
 	find build/coverage -name '*.gcda' -delete
 	ctest --preset coverage
-	scripts/coverage.sh build/coverage
+	scripts/coverage.sh build/coverage $(COVERAGE_BEFORE)
 
 # The template fuzz targets (clang, ASan and UBSan), each run for FUZZ_SECONDS; FUZZ_JOBS=3 runs
 # them side by side. Findings land in build/fuzz/findings/ and fail the target.

@@ -51,7 +51,7 @@ for patch in "${patches[@]}"; do
         caught=$((caught + 1))
         # The first test CTest reports as not passed, and the first Qt Test function that failed.
         test=$(grep -E 'Test +#[0-9]+: ' "$log" | grep -v ' Passed ' | head -1 | sed -E 's/.*#[0-9]+: ([^ ]+).*/\1/')
-        function=$(grep -m1 -oE '^FAIL! +: [^ ]+' "$log" | sed -E 's/^FAIL! +: //')
+        function=$(grep -m1 -oE '^FAIL! +: [^ (]+(\([^)]*\))?' "$log" | sed -E 's/^FAIL! +: //')
         [ -n "$function" ] && test="$test  ($function)"
     fi
     echo "   $result $test" >&2
