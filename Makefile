@@ -21,8 +21,9 @@ test-sanitize: deps
 	cmake --build --preset sanitize
 	ctest --preset sanitize
 
-# The suite once more with gcc coverage, then line and branch coverage of report/ and host/
-# (reports in build/coverage/: coverage.txt, coverage.json, html/index.html). COVERAGE_BEFORE=FILE.json
+# The suite once more with gcc coverage, one test at a time (processes ending together spoil each
+# other's counts), then line and branch coverage of report/ and host/ (reports in build/coverage/:
+# coverage.txt, coverage.json, html/index.html). COVERAGE_BEFORE=FILE.json
 # (an earlier coverage.json) also lists the lines of report/ that run covered and this one does not.
 coverage: deps
 	cmake --preset coverage
