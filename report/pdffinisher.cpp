@@ -18,8 +18,11 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <map>
 #include <memory>
 #include <optional>
+#include <set>
+#include <vector>
 
 namespace coagulation {
 
@@ -106,10 +109,32 @@ int addSubstitutes(ToUnicodeMap& map, QPDFObjectHandle font, const QRawFont& ins
     return added;
 }
 
-int fixTextLayer(QPDF& pdf)
+// The fonts the pages draw text with, each once.
+std::vector<QPDFObjectHandle> pageFonts(QPDF& pdf)
 {
-    int changed = 0;
-    for (QPDFObjectHandle object : pdf.getAllObjects()) {
+    std::vector<QPDFObjectHandle> fonts;
+    std::set<QPDFObjGen> seen;
+    for (QPDFObjectHandle page : pdf.getAllPages()) {
+        QPDFObjectHandle dictionary = page.getKey("/Resources").getKey("/Font");
+        if (!dictionary.isDictionary())
+            continue;
+        for (const auto& [name, font] : dictionary.ditems()) {
+            if (font.isIndirect() && seen.insert(font.getObjGen()).second)
+                fonts.push_back(font);
+        }
+    }
+    return fonts;
+}
+
+// The corrected text maps of the file's fonts, by their streams. Read into a document of its own
+// that is gone before the writer reads every object of the file: the two never take memory together.
+std::map<QPDFObjGen, std::string> correctedTextLayer(const char* path)
+{
+    QPDF pdf;
+    pdf.setSuppressWarnings(true);
+    pdf.processFile(path);
+    std::map<QPDFObjGen, std::string> maps;
+    for (QPDFObjectHandle object : pageFonts(pdf)) {
         if (!object.isDictionaryOfType("/Font"))
             continue;
         QPDFObjectHandle toUnicode = object.getKey("/ToUnicode");
@@ -126,12 +151,9 @@ int fixTextLayer(QPDF& pdf)
         const int substitutes = font ? addSubstitutes(map, object, *font) : 0;
         if (map.replaceRadicals(font ? &*font : nullptr) + map.replaceLigatures() + substitutes == 0)
             continue;
-        const QByteArray cmap = map.toCMap();
-        toUnicode.replaceStreamData(cmap.toStdString(), QPDFObjectHandle::newNull(),
-                                    QPDFObjectHandle::newNull());
-        ++changed;
+        maps[toUnicode.getObjGen()] = map.toCMap().toStdString();
     }
-    return changed;
+    return maps;
 }
 
 QString xmlEscaped(const QString& text)
@@ -231,10 +253,13 @@ bool PdfFinisher::finish(const QString& fileName, const PdfDocumentInfo& info, Q
     const QByteArray path = QFile::encodeName(fileName);
     const QByteArray partPath = path + ".part";
     try {
+        const std::map<QPDFObjGen, std::string> textLayer = correctedTextLayer(path.constData());
         QPDF pdf;
         pdf.setSuppressWarnings(true);
         pdf.processFile(path.constData());
-        fixTextLayer(pdf);
+        for (const auto& [stream, cmap] : textLayer)
+            pdf.getObjectByObjGen(stream).replaceStreamData(cmap, QPDFObjectHandle::newNull(),
+                                                            QPDFObjectHandle::newNull());
         setMetadata(pdf, info);
         QPDFWriter writer(pdf, partPath.constData());
         // PDF/A-1 is PDF 1.4: no object or cross-reference streams.
