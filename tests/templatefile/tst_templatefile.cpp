@@ -483,6 +483,10 @@ void tst_TemplateFile::damagedTemplates_data()
         << patient;
     QTest::newRow("page height 0") << patched(29, doubleBytes(0))
                                    << QStringLiteral("纸张尺寸无效: 210 x 0 mm") << loads << n << patient;
+    // A frame whose position is not a number: the stream stops there, before the file ends.
+    QTest::newRow("position not a number")
+        << patched(starts.at(1) + 4 + 2 * items.at(1)->key().size(), doubleBytes(qQNaN()))
+        << QStringLiteral("第 2 个项目 (%1) 的内容已损坏").arg(items.at(1)->key()) << loads << 0 << patient;
     QTest::newRow("negative count") << bytes.left(37) + QByteArray::fromHex("ffffffff")
                                     << QStringLiteral("项目数无效: -1") << loads << 0 << patient;
 
