@@ -11,18 +11,16 @@
 #include <kvcore/maintenancerecords.h>
 #include <kvcore/qcseries.h>
 #include <kvcore/workspace.h>
+#include <pagerenderer_p.h>
 #include <pdffinisher_p.h>
 #include <report.h>
 #include <reportprinter.h>
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QGraphicsProxyWidget>
 #include <QPainter>
-#include <QPicture>
 #include <QPrinter>
 
-#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -32,28 +30,6 @@ namespace {
 
 const QString patientTemplateKey = QStringLiteral("report/template");
 const QString qcTemplateKey = QStringLiteral("report/qctemplate");
-
-// Qt prints embedded widgets (the QC chart and tables) through pixmaps; a page stays vectors, as
-// ours are, when it goes through a picture recorded at the picture's own resolution.
-void renderVectors(Report* report, QPainter* painter)
-{
-    const QList<QGraphicsItem*> items = report->items();
-    if (std::none_of(items.cbegin(), items.cend(), [](const QGraphicsItem* item) {
-            return item->isVisible() && qgraphicsitem_cast<const QGraphicsProxyWidget*>(item);
-        })) {
-        report->render(painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
-        return;
-    }
-    const QPaintDevice* device = painter->device();
-    QPicture picture;
-    QPainter recorder(&picture);
-    report->render(&recorder,
-                   QRectF(0, 0, device->width() * qreal(picture.logicalDpiX()) / device->logicalDpiX(),
-                          device->height() * qreal(picture.logicalDpiY()) / device->logicalDpiY()),
-                   QRectF(), Qt::KeepAspectRatio);
-    recorder.end();
-    painter->drawPicture(0, 0, picture);
-}
 
 // The floor: `pages` pages of the report's scene into a new PDF, finished as ours are (text layer
 // and metadata). `fill` binds each page's data first, with the clock stopped: the floor renders
@@ -74,7 +50,7 @@ bool renderPages(benchmark::State& state, Report* report, int pages,
         state.PauseTiming();
         fill(page);
         state.ResumeTiming();
-        renderVectors(report, &painter);
+        PageRenderer::render(report, &painter); // vectors, as ours
     }
     if (!painter.end())
         return false;

@@ -1,6 +1,7 @@
 #include "reportprinter.h"
 
 #include "itemfactory.h"
+#include "pagerenderer_p.h"
 #include "pdffinisher_p.h"
 #include "printtimes_p.h"
 #include "report.h"
@@ -15,11 +16,9 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QGraphicsProxyWidget>
 #include <QInputDialog>
 #include <QPaintEngine>
 #include <QPainter>
-#include <QPicture>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -28,8 +27,6 @@
 #include <QScreen>
 #include <QSqlQuery>
 #include <QSqlRecord>
-
-#include <algorithm>
 
 namespace coagulation {
 
@@ -63,33 +60,6 @@ bool templateChoice(kv::ReportType type, kv::SampleType sampleType, TemplateChoi
 }
 
 const QString archivalKey = QStringLiteral("report/pdfa");
-
-bool holdsWidgets(const Report* report)
-{
-    const QList<QGraphicsItem*> items = report->items();
-    return std::any_of(items.cbegin(), items.cend(), [](const QGraphicsItem* item) {
-        return item->isVisible() && qgraphicsitem_cast<const QGraphicsProxyWidget*>(item);
-    });
-}
-
-void renderPage(Report* report, QPainter* painter)
-{
-    if (!holdsWidgets(report)) {
-        report->render(painter, QRectF(), QRectF(), Qt::KeepAspectRatio);
-        return;
-    }
-    // Qt renders a widget onto a printer through a pixmap. Recorded into a picture first, the
-    // embedded widgets paint their text and lines as they do on screen, and the page stays vectors.
-    // A picture plays back scaled from its own resolution to the device's, so it is recorded at its own.
-    const QPaintDevice* device = painter->device();
-    QPicture picture;
-    const QRectF target(0, 0, device->width() * qreal(picture.logicalDpiX()) / device->logicalDpiX(),
-                        device->height() * qreal(picture.logicalDpiY()) / device->logicalDpiY());
-    QPainter recorder(&picture);
-    report->render(&recorder, target, QRectF(), Qt::KeepAspectRatio);
-    recorder.end();
-    painter->drawPicture(0, 0, picture);
-}
 
 // "S1, S2, S3" for a few, "S1 … S9 (9)" for many.
 QString subjectsText(QStringList subjects)
@@ -368,7 +338,7 @@ void ReportPrinter::printResult(QPrinter* printer)
             page = m_job.qcSampleReport;
         }
         page->fetchData(int(id), m_job.database);
-        renderPage(page, &painter);
+        PageRenderer::render(page, &painter);
         m_job.subjects.append(sampleNo.trimmed());
         times.write(id);
         if (i != m_job.patientIds.size() - 1)
@@ -397,7 +367,7 @@ void ReportPrinter::printQc(QPrinter* printer)
                 printer->newPage();
             m_job.report->setCurrentPage(page);
             m_job.report->fetchQcData(data);
-            renderPage(m_job.report, &painter);
+            PageRenderer::render(m_job.report, &painter);
             const QSqlRecord reagent = m_job.report->record(QStringLiteral("reagent"));
             m_job.subjects.append(QStringList{reagent.value(QStringLiteral("name")).toString(),
                                               reagent.value(QStringLiteral("lot")).toString()}
@@ -417,7 +387,7 @@ void ReportPrinter::printMaintenanceRecord(QPrinter* printer)
     if (m_job.maintenanceData)
         m_job.subjects = QStringList{m_job.maintenanceData->month.toString(QStringLiteral("yyyy-MM"))};
     m_job.report->prepareMaintenanceData(m_job.maintenanceData);
-    renderPage(m_job.report, &painter);
+    PageRenderer::render(m_job.report, &painter);
     endPainting(painter, printer);
 }
 
