@@ -122,7 +122,9 @@ void ReportPatientTableItem::updateData()
     if (!r || !m_profile)
         return;
 
+    // Both queries are read front to back once: no row cache.
     QSqlQuery results(m_profile->dataDatabase());
+    results.setForwardOnly(true);
     if (!results.exec(
             QStringLiteral("select item, subitem, abbr, code, result, unit, flag, lowerMarkLimit, "
                            "upperMarkLimit from result where patientId=%1 order by displayOrder asc")
@@ -130,6 +132,7 @@ void ReportPatientTableItem::updateData()
         REPORT_SQL_WARNING(results.lastError());
 
     QSqlQuery assay(m_profile->database());
+    assay.setForwardOnly(true);
     if (!assay.prepare(QLatin1String(assaySql)))
         REPORT_SQL_WARNING(assay.lastError());
 
