@@ -131,7 +131,11 @@ void ReportPatientTableItem::updateData()
                 .arg(r->patientId())))
         REPORT_SQL_WARNING(results.lastError());
 
-    QSqlQuery assay(m_profile->database());
+    // All look-ups of the table read one state of the assay catalogue, under one read lock
+    // rather than one per result. Inside a transaction of the caller's they are in that one.
+    QSqlDatabase catalogue = m_profile->database();
+    const bool ownTransaction = catalogue.transaction();
+    QSqlQuery assay(catalogue);
     assay.setForwardOnly(true);
     if (!assay.prepare(QLatin1String(assaySql)))
         REPORT_SQL_WARNING(assay.lastError());
@@ -166,6 +170,9 @@ void ReportPatientTableItem::updateData()
         setItemText(row, RangeColumn, range);
         ++row;
     }
+    assay.finish();
+    if (ownTransaction)
+        catalogue.commit();
 }
 
 } // namespace coagulation
