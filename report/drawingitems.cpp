@@ -90,8 +90,12 @@ void ReportTextItem::setHtml(const QString& html)
 
 void ReportTextItem::setPlainText(const QString& text)
 {
-    QGraphicsTextItem::setPlainText(text);
+    // One edit block: the document lays out once, not for the text and again for the alignment.
+    QTextCursor edit(document());
+    edit.beginEditBlock();
+    replacePlainText(text);
     setAlignment(alignment());
+    edit.endEditBlock();
 }
 
 void ReportTextItem::showData(const QString& text)
@@ -109,13 +113,13 @@ void ReportTextItem::showData(const QString& text)
     edit.endEditBlock();
 }
 
-// setPlainText, for less, but without re-applying the alignment: over plain text, replacing the
-// characters gives the same blocks and formats (new blocks take the format of the first) and
-// keeps the layout objects.
+// The text item's setPlainText, without re-applying the alignment, for less: over plain text,
+// replacing the characters gives the same blocks and formats (new blocks take the format of the
+// first) and keeps the layout objects.
 void ReportTextItem::replacePlainText(const QString& text)
 {
     if (!holdsPlainText(document()) || textCursor().charFormat() != QTextCharFormat()) {
-        setPlainText(text);
+        QGraphicsTextItem::setPlainText(text);
         return;
     }
     // Like setPlainText, without undo steps: kept, they would hold every text ever shown.
