@@ -20,7 +20,7 @@ struct BenchConfig
     int dragMoves = 50;
     int workspacePatients = 1200; // patients generated into the benchmark's database
     int repetitions = 5;          // of the short measurements; the median counts
-    int largeRepetitions = 3;     // of the 1000-patient comparison
+    int largeRepetitions = 5;     // of the 1000-patient comparison
 
     static BenchConfig smoke()
     {

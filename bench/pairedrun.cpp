@@ -13,8 +13,7 @@ bool oursFirst = false; // alternates over all pairs of the run
 PairedRun::PairedRun(Side ours, double oursPages, Side reference, double referencePages)
     : m_ours(std::move(ours)), m_reference(std::move(reference)), m_oursPages(oursPages),
       m_referencePages(referencePages)
-{
-}
+{}
 
 void PairedRun::run(benchmark::State& state, int jobs) const
 {

@@ -172,10 +172,11 @@ void tst_DataBoundItems::shownDataLayout_data()
     QTest::newRow("right, two lines") << int(Qt::AlignRight) << 200.0 << QString() << twoLines;
     QTest::newRow("justified, wrapped") << int(Qt::AlignJustify) << 90.0 << QString() << wrapped;
     QTest::newRow("none, empty") << 0 << 80.0 << QString() << QString();
-    QTest::newRow("two lines, then one") << int(Qt::AlignRight) << 200.0 << twoLines << QStringLiteral("张三");
+    QTest::newRow("two lines, then one")
+        << int(Qt::AlignRight) << 200.0 << twoLines << QStringLiteral("张三");
     QTest::newRow("a value, then empty") << int(Qt::AlignHCenter) << 80.0 << wrapped << QString();
-    QTest::newRow("empty, then lines") << int(Qt::AlignLeft) << 120.0 << QStringLiteral("")
-                                       << QStringLiteral("a\r\nb\n\n李四");
+    QTest::newRow("empty, then lines")
+        << int(Qt::AlignLeft) << 120.0 << QStringLiteral("") << QStringLiteral("a\r\nb\n\n李四");
     QTest::newRow("rich text, then lines")
         << int(Qt::AlignHCenter) << 120.0
         << QStringLiteral("<p style='margin-top:6px'><b>粗体</b> text</p><p>二</p>") << twoLines;
@@ -209,8 +210,7 @@ void tst_DataBoundItems::shownDataLayout()
 
     profile.setValue("hospital", text);
     int changes = 0; // each one lays the document out
-    connect(shown.document(), &QTextDocument::contentsChange, this,
-            [&changes](int, int, int) { ++changes; });
+    connect(shown.document(), &QTextDocument::contentsChange, this, [&changes](int, int, int) { ++changes; });
     shown.updateData();
     QCOMPARE(shown.toPlainText(), reference.toPlainText());
     if (!before.startsWith(QLatin1Char('<'))) // rich text is replaced as a whole, laid out twice
