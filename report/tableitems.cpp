@@ -171,8 +171,9 @@ void ReportPatientTableItem::updateData()
         ++row;
     }
     assay.finish();
-    if (ownTransaction)
-        catalogue.commit();
+    // A transaction left open would keep every other writer out of the catalogue.
+    if (ownTransaction && !catalogue.commit())
+        catalogue.rollback();
 }
 
 } // namespace coagulation
