@@ -20,6 +20,7 @@ struct BenchConfig
     int dragMoves = 50;
     int workspacePatients = 1200; // patients generated into the benchmark's database
     int repetitions = 5;          // of the short measurements; the median counts
+    int largeRepetitions = 5;     // of the 1000-patient comparison
 
     static BenchConfig smoke()
     {
@@ -37,6 +38,7 @@ struct BenchConfig
         config.dragMoves = 5;
         config.workspacePatients = 20;
         config.repetitions = 1;
+        config.largeRepetitions = 1;
         return config;
     }
 };

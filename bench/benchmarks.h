@@ -14,9 +14,9 @@ class BenchWorkspace;
 
 // Names under which the benchmarks report; the result table looks them up.
 namespace name {
-inline std::string patients(const char* side, int count) // side: "ours" or "floor"
+inline std::string patients(int count)
 {
-    return "patients/" + std::string(side) + '/' + std::to_string(count);
+    return "patients/" + std::to_string(count);
 }
 inline std::string peakMemory(int count)
 {
@@ -26,9 +26,13 @@ inline std::string maintenancePeakMemory()
 {
     return "memory/maintenance";
 }
-inline std::string qc(const char* side, int points)
+inline std::string qc(int points)
 {
-    return "qc/" + std::string(side) + '/' + std::to_string(points);
+    return "qc/" + std::to_string(points);
+}
+inline std::string qcAgainstPatients(int points)
+{
+    return "qc-against-patients/" + std::to_string(points);
 }
 inline std::string templateFile(const char* what, int items) // what: "load" or "save"
 {
@@ -45,6 +49,10 @@ namespace counter {
 inline const char* const pages = "pages";
 inline const char* const items = "items";
 inline const char* const peakRssKiB = "peak_rss_kib";
+// Of a paired comparison: seconds per page of each side, and their ratio.
+inline const char* const oursPerPage = "ours_per_page";
+inline const char* const referencePerPage = "reference_per_page";
+inline const char* const ratio = "ratio";
 } // namespace counter
 
 void registerDragBenchmarks(const BenchConfig& config);

@@ -4,6 +4,7 @@
 // small job, and of a maintenance job against a one-patient job.
 #include "benchmarks.h"
 #include "benchworkspace.h"
+#include "pairedrun.h"
 #include "peakmemory.h"
 
 #include <core/profile.h>
@@ -21,6 +22,7 @@
 #include <QPainter>
 #include <QPrinter>
 
+#include <chrono>
 #include <cstdio>
 #include <functional>
 #include <memory>
@@ -31,72 +33,113 @@ namespace {
 const QString patientTemplateKey = QStringLiteral("report/template");
 const QString qcTemplateKey = QStringLiteral("report/qctemplate");
 
-// The floor: `pages` pages of the report's scene into a new PDF, finished as ours are (text layer
-// and metadata). `fill` binds each page's data first, with the clock stopped: the floor renders
-// pages already filled, but each its own, since distinct text costs font subsetting.
-bool renderPages(benchmark::State& state, Report* report, int pages,
-                 const std::function<void(int page)>& fill, const QString& fileName)
+using Clock = std::chrono::steady_clock;
+
+double secondsSince(Clock::time_point start)
 {
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+// The floor: `pages` pages of the report's scene into a new PDF, finished as ours are (text layer
+// and metadata). `fill` binds each page's data first, untimed: the floor renders pages already
+// filled, but each its own, since distinct text costs font subsetting. Returns the seconds spent
+// rendering and finishing, or -1.
+double renderPages(Report* report, int pages, const std::function<void(int page)>& fill,
+                   const QString& fileName)
+{
+    double seconds = 0.0;
+    auto start = Clock::now();
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(fileName);
     report->setupPrinter(&printer);
     QPainter painter;
     if (!painter.begin(&printer))
-        return false;
+        return -1.0;
     for (int page = 0; page < pages; ++page) {
         if (page > 0)
             printer.newPage();
-        state.PauseTiming();
+        seconds += secondsSince(start);
         fill(page);
-        state.ResumeTiming();
+        start = Clock::now();
         PageRenderer::render(report, &painter); // vectors, as ours
     }
     if (!painter.end())
-        return false;
+        return -1.0;
     PdfDocumentInfo info;
     info.title = Report::typeName(report->type());
     info.creator = QStringLiteral("coagulation-bench");
-    return PdfFinisher::finish(fileName, info, nullptr);
+    if (!PdfFinisher::finish(fileName, info, nullptr))
+        return -1.0;
+    return seconds + secondsSince(start);
 }
 
-void printPatients(benchmark::State& state, BenchWorkspace* workspace, int count)
+// A side that fails tells the benchmark why.
+PairedRun::Side failing(benchmark::State& state, PairedRun::Side side, const char* error)
 {
-    const QList<qint64> ids = workspace->patientIds(count);
-    if (ids.size() < count) {
-        state.SkipWithError("the workspace holds too few patients");
-        return;
-    }
-    ReportPrinter printer;
-    printer.setWorkspace(workspace->workspace());
-    printer.setOutputFileName(workspace->scratchFile(QStringLiteral("patients.pdf")));
-    for (auto _ : state) {
-        if (!printer.store(ids, workspace->profile()->dataDatabase(), DataStorage::StoreAtOnce))
-            state.SkipWithError("the printer refused the job");
-    }
-    state.counters[counter::pages] = count;
+    return [&state, side = std::move(side), error] {
+        const double seconds = side();
+        if (seconds < 0)
+            state.SkipWithError(error);
+        return seconds;
+    };
 }
 
-void patientFloor(benchmark::State& state, BenchWorkspace* workspace, int count)
+// A patient job of `ids` through the printer.
+PairedRun::Side patientJob(benchmark::State& state, ReportPrinter* printer, BenchWorkspace* workspace,
+                           const QList<qint64>& ids)
+{
+    return failing(
+        state,
+        [printer, workspace, ids] {
+            const auto start = Clock::now();
+            const bool printed =
+                printer->store(ids, workspace->profile()->dataDatabase(), DataStorage::StoreAtOnce);
+            return printed ? secondsSince(start) : -1.0;
+        },
+        "the printer refused the patient job");
+}
+
+PairedRun::Side qcJob(benchmark::State& state, ReportPrinter* printer, QcExportData* series)
+{
+    return failing(
+        state,
+        [printer, series] {
+            const auto start = Clock::now();
+            const bool printed = printer->store(QList<QcExportData*>{series}, DataStorage::StoreAtOnce);
+            return printed ? secondsSince(start) : -1.0;
+        },
+        "the printer refused the QC job");
+}
+
+ReportPrinter* newPrinter(BenchWorkspace* workspace, const QString& fileName, QObject* parent)
+{
+    auto* printer = new ReportPrinter(parent);
+    printer->setWorkspace(workspace->workspace());
+    printer->setOutputFileName(workspace->scratchFile(fileName));
+    return printer;
+}
+
+void patients(benchmark::State& state, BenchWorkspace* workspace, int count, int jobs)
 {
     const QList<qint64> ids = workspace->patientIds(count);
     Report report(workspace->profile(), workspace->itemFactory());
     if (ids.size() < count || !report.load(workspace->templateFile(patientTemplateKey))) {
-        state.SkipWithError("the patient template does not load");
+        state.SkipWithError("the workspace holds too few patients or no patient template");
         return;
     }
+    QObject owner;
+    ReportPrinter* printer = newPrinter(workspace, QStringLiteral("patients.pdf"), &owner);
     const QSqlDatabase database = workspace->profile()->dataDatabase();
-    const auto fill = [&](int page) {
-        report.fetchData(int(ids.at(page)), database);
+    const QString floorFile = workspace->scratchFile(QStringLiteral("patients-floor.pdf"));
+    const auto floor = [&] {
+        return renderPages(
+            &report, count, [&](int page) { report.fetchData(int(ids.at(page)), database); }, floorFile);
     };
-    const QString fileName = workspace->scratchFile(QStringLiteral("patients-floor.pdf"));
-    for (auto _ : state) {
-        if (!renderPages(state, &report, count, fill, fileName))
-            state.SkipWithError("cannot write the PDF");
-    }
-    state.counters[counter::pages] = count;
+    PairedRun(patientJob(state, printer, workspace, ids), count,
+              failing(state, floor, "cannot write the floor's PDF"), count)
+        .run(state, jobs);
 }
-
 // `job`: a patient count, or "maintenance".
 void peakMemory(benchmark::State& state, BenchWorkspace* workspace, const QString& job)
 {
@@ -129,39 +172,49 @@ int prepareQc(benchmark::State& state, BenchWorkspace* workspace, int points, Re
     return report->pageCount();
 }
 
-void printQc(benchmark::State& state, BenchWorkspace* workspace, int points)
+void qc(benchmark::State& state, BenchWorkspace* workspace, int points)
 {
     Report report(workspace->profile(), workspace->itemFactory());
     std::unique_ptr<QcSeries> series;
     const int pages = prepareQc(state, workspace, points, &report, &series);
     if (pages == 0)
         return;
-    ReportPrinter printer;
-    printer.setWorkspace(workspace->workspace());
-    printer.setOutputFileName(workspace->scratchFile(QStringLiteral("qc.pdf")));
-    for (auto _ : state) {
-        if (!printer.store(QList<QcExportData*>{series->data()}, DataStorage::StoreAtOnce))
-            state.SkipWithError("the printer refused the job");
-    }
+    QObject owner;
+    ReportPrinter* printer = newPrinter(workspace, QStringLiteral("qc.pdf"), &owner);
+    const QString floorFile = workspace->scratchFile(QStringLiteral("qc-floor.pdf"));
+    const auto floor = [&] {
+        return renderPages(
+            &report, pages,
+            [&](int page) {
+                report.setCurrentPage(page + 1);
+                report.fetchQcData(series->data());
+            },
+            floorFile);
+    };
+    PairedRun(qcJob(state, printer, series->data()), pages,
+              failing(state, floor, "cannot write the floor's PDF"), pages)
+        .run(state, 1);
     state.counters[counter::pages] = pages;
 }
 
-void qcFloor(benchmark::State& state, BenchWorkspace* workspace, int points)
+// A QC report beside a patient job of as many pages: what a QC page costs over a patient page.
+void qcAgainstPatients(benchmark::State& state, BenchWorkspace* workspace, int points, int patientCount)
 {
     Report report(workspace->profile(), workspace->itemFactory());
     std::unique_ptr<QcSeries> series;
     const int pages = prepareQc(state, workspace, points, &report, &series);
     if (pages == 0)
         return;
-    const auto fill = [&](int page) {
-        report.setCurrentPage(page + 1);
-        report.fetchQcData(series->data());
-    };
-    const QString fileName = workspace->scratchFile(QStringLiteral("qc-floor.pdf"));
-    for (auto _ : state) {
-        if (!renderPages(state, &report, pages, fill, fileName))
-            state.SkipWithError("cannot write the PDF");
+    const QList<qint64> ids = workspace->patientIds(patientCount);
+    if (ids.size() < patientCount) {
+        state.SkipWithError("the workspace holds too few patients");
+        return;
     }
+    QObject owner;
+    ReportPrinter* printer = newPrinter(workspace, QStringLiteral("qc.pdf"), &owner);
+    PairedRun(qcJob(state, printer, series->data()), pages, patientJob(state, printer, workspace, ids),
+              ids.size())
+        .run(state, 3);
     state.counters[counter::pages] = pages;
 }
 
@@ -169,20 +222,14 @@ void qcFloor(benchmark::State& state, BenchWorkspace* workspace, int points)
 
 void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspace)
 {
-    // About a hundred pages per measurement, at least one job; the largest job runs once.
+    // About a hundred pages a side per measurement, at least one job.
     for (int count : config.patientCounts) {
-        const int iterations = qMax(1, 100 / count);
-        const int repetitions = count >= 1000 ? 1 : config.repetitions;
-        benchmark::RegisterBenchmark(name::patients("ours", count).c_str(), printPatients, workspace, count)
+        benchmark::RegisterBenchmark(name::patients(count).c_str(), patients, workspace, count,
+                                     qMax(1, 100 / count))
             ->Unit(benchmark::kMillisecond)
-            ->UseRealTime()
-            ->Iterations(iterations)
-            ->Repetitions(repetitions);
-        benchmark::RegisterBenchmark(name::patients("floor", count).c_str(), patientFloor, workspace, count)
-            ->Unit(benchmark::kMillisecond)
-            ->UseRealTime()
-            ->Iterations(iterations)
-            ->Repetitions(repetitions);
+            ->UseManualTime()
+            ->Iterations(1)
+            ->Repetitions(count >= 1000 ? config.largeRepetitions : config.repetitions);
     }
     QList<int> memoryCounts{1};
     for (int count : {config.scalingSmall, config.scalingLarge}) {
@@ -200,32 +247,17 @@ void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspac
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime()
         ->Iterations(1);
-    benchmark::RegisterBenchmark(name::qc("ours", config.qcPoints).c_str(), printQc, workspace,
-                                 config.qcPoints)
+    benchmark::RegisterBenchmark(name::qc(config.qcPoints).c_str(), qc, workspace, config.qcPoints)
         ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
+        ->UseManualTime()
         ->Iterations(1)
         ->Repetitions(config.repetitions);
-    benchmark::RegisterBenchmark(name::qc("floor", config.qcPoints).c_str(), qcFloor, workspace,
-                                 config.qcPoints)
+    benchmark::RegisterBenchmark(name::qcAgainstPatients(config.qcShortPoints).c_str(), qcAgainstPatients,
+                                 workspace, config.qcShortPoints, config.qcShortPatients)
         ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
+        ->UseManualTime()
         ->Iterations(1)
         ->Repetitions(config.repetitions);
-    // A short QC report beside a patient job of as many pages: what a QC page costs over a patient page.
-    benchmark::RegisterBenchmark(name::qc("ours", config.qcShortPoints).c_str(), printQc, workspace,
-                                 config.qcShortPoints)
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
-        ->Iterations(3)
-        ->Repetitions(config.repetitions);
-    if (!config.patientCounts.contains(config.qcShortPatients))
-        benchmark::RegisterBenchmark(name::patients("ours", config.qcShortPatients).c_str(), printPatients,
-                                     workspace, config.qcShortPatients)
-            ->Unit(benchmark::kMillisecond)
-            ->UseRealTime()
-            ->Iterations(3)
-            ->Repetitions(config.repetitions);
 }
 
 int runPrintChild(const QStringList& arguments)

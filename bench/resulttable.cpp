@@ -46,9 +46,13 @@ ResultTable::Figure timeOf(const ResultCollector::Result* result, double per)
     return {result->secondsPerIteration / per, QString(), false};
 }
 
-ResultTable::Figure perPage(const ResultCollector::Result* result)
+// One side of a paired comparison, per page.
+ResultTable::Figure pairedSide(const ResultCollector::Result* result, const char* side)
 {
-    return timeOf(result, counterOf(result, counter::pages));
+    const double seconds = counterOf(result, side);
+    if (!result || !result->error.empty() || seconds <= 0)
+        return {-1.0, errorOf(result), result != nullptr && !result->error.empty()};
+    return {seconds, QString(), false};
 }
 
 } // namespace
@@ -66,14 +70,14 @@ ResultTable::ResultTable(const BenchConfig& config, const ResultCollector& resul
 void ResultTable::addPrintRows()
 {
     for (int count : m_config.patientCounts)
-        addRow(QStringLiteral("patients %1: per page, ours / floor").arg(count),
-               perPage(m_results.result(name::patients("ours", count))),
-               perPage(m_results.result(name::patients("floor", count))), milliseconds, 1.3);
+        addPairedRow(QStringLiteral("patients %1: per page, ours / floor").arg(count),
+                     m_results.result(name::patients(count)), 1.3);
     addRow(QStringLiteral("scaling: per page, %1 / %2 patients")
                .arg(m_config.scalingLarge)
                .arg(m_config.scalingSmall),
-           perPage(m_results.result(name::patients("ours", m_config.scalingLarge))),
-           perPage(m_results.result(name::patients("ours", m_config.scalingSmall))), milliseconds, 1.1);
+           pairedSide(m_results.result(name::patients(m_config.scalingLarge)), counter::oursPerPage),
+           pairedSide(m_results.result(name::patients(m_config.scalingSmall)), counter::oursPerPage),
+           milliseconds, 1.1);
 }
 
 void ResultTable::addMemoryRow()
@@ -93,17 +97,16 @@ void ResultTable::addMemoryRow()
 
 void ResultTable::addQcRows()
 {
-    const auto* ours = m_results.result(name::qc("ours", m_config.qcPoints));
-    addRow(QStringLiteral("QC %1 points, %2 pages: per page, ours / floor")
-               .arg(m_config.qcPoints)
-               .arg(counterOf(ours, counter::pages)),
-           perPage(ours), perPage(m_results.result(name::qc("floor", m_config.qcPoints))), milliseconds, 1.2);
-    const auto* shortQc = m_results.result(name::qc("ours", m_config.qcShortPoints));
-    addRow(QStringLiteral("QC %1 pages / %2 patients: per page")
-               .arg(counterOf(shortQc, counter::pages))
-               .arg(m_config.qcShortPatients),
-           perPage(shortQc), perPage(m_results.result(name::patients("ours", m_config.qcShortPatients))),
-           milliseconds, 0.0);
+    const auto* qc = m_results.result(name::qc(m_config.qcPoints));
+    addPairedRow(QStringLiteral("QC %1 points, %2 pages: per page, ours / floor")
+                     .arg(m_config.qcPoints)
+                     .arg(counterOf(qc, counter::pages)),
+                 qc, 1.2);
+    const auto* shortQc = m_results.result(name::qcAgainstPatients(m_config.qcShortPoints));
+    addPairedRow(QStringLiteral("QC %1 pages / %2 patients: per page")
+                     .arg(counterOf(shortQc, counter::pages))
+                     .arg(m_config.qcShortPatients),
+                 shortQc, 0.0);
 }
 
 void ResultTable::addTemplateRows()
@@ -141,7 +144,7 @@ void ResultTable::addDragRows()
 }
 
 void ResultTable::addRow(const QString& what, const Figure& ours, const Figure& reference,
-                         QString (*format)(double), double target)
+                         QString (*format)(double), double target, double ratio)
 {
     Row row;
     row.what = what;
@@ -153,11 +156,18 @@ void ResultTable::addRow(const QString& what, const Figure& ours, const Figure& 
     } else {
         row.ours = format(ours.value);
         row.reference = format(reference.value);
-        row.ratio = ours.value / reference.value;
+        row.ratio = ratio > 0 ? ratio : ours.value / reference.value;
         if (target > 0)
             row.note = row.ratio > target ? QStringLiteral("MISSED") : QStringLiteral("ok");
     }
     m_rows.append(row);
+}
+
+void ResultTable::addPairedRow(const QString& what, const ResultCollector::Result* result, double target)
+{
+    // The median of the pairs' ratios, not the ratio of the medians.
+    addRow(what, pairedSide(result, counter::oursPerPage), pairedSide(result, counter::referencePerPage),
+           milliseconds, target, counterOf(result, counter::ratio));
 }
 
 QString ResultTable::text() const

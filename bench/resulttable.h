@@ -1,12 +1,11 @@
 #pragma once
 
 #include "benchconfig.h"
+#include "resultcollector.h"
 
 #include <QString>
 
 namespace coagulation::bench {
-
-class ResultCollector;
 
 // The one table `make bench` prints: each measurement beside its reference, their ratio and the
 // target the ratio must meet.
@@ -43,8 +42,10 @@ private:
     void addQcRows();
     void addTemplateRows();
     void addDragRows();
+    // `ratio`: when above 0, the ratio measured in pairs rather than ours / reference.
     void addRow(const QString& what, const Figure& ours, const Figure& reference, QString (*format)(double),
-                double target);
+                double target, double ratio = -1.0);
+    void addPairedRow(const QString& what, const ResultCollector::Result* result, double target);
 
     const BenchConfig& m_config;
     const ResultCollector& m_results;

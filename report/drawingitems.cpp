@@ -12,6 +12,7 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
+#include <QTextBlock>
 #include <QTextBlockFormat>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -25,6 +26,31 @@ constexpr QGraphicsItem::GraphicsItemFlags drawingFlags = QGraphicsItem::ItemIsM
                                                           QGraphicsItem::ItemIsSelectable |
                                                           QGraphicsItem::ItemSendsScenePositionChanges;
 
+QTextBlockFormat alignedFormat(Qt::Alignment alignment)
+{
+    QTextBlockFormat format;
+    format.setAlignment(alignment);
+    return format;
+}
+
+// Whether the document holds plain text, formatted as setting a plain text formats it, up to the
+// blocks' alignment.
+bool holdsPlainText(const QTextDocument* document)
+{
+    const QTextCharFormat plain;
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+        QTextBlockFormat format = block.blockFormat();
+        format.clearProperty(QTextFormat::BlockAlignment);
+        if (format != QTextBlockFormat() || block.charFormat() != plain)
+            return false;
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            if (it.fragment().charFormat() != plain)
+                return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 // --- ReportTextItem -------------------------------------------------------------------------
@@ -32,10 +58,14 @@ constexpr QGraphicsItem::GraphicsItemFlags drawingFlags = QGraphicsItem::ItemIsM
 ReportTextItem::ReportTextItem(bool editable) : m_editable(editable)
 {
     setFlags(drawingFlags | (editable ? QGraphicsItem::ItemIsFocusable : QGraphicsItem::GraphicsItemFlags()));
-    setDocument(new ReportTextDocument(this));
+    // Laid out once, at the end: with a null page size the document layout skips its work.
+    auto* document = new ReportTextDocument(this);
+    document->setPageSize(QSizeF(0, 0));
+    setDocument(document);
     QGraphicsTextItem::setFont(withChineseFallback(QGraphicsTextItem::font()));
-    connect(document(), &QTextDocument::contentsChanged, this, &ReportTextItem::contentsChanged);
+    connect(document, &QTextDocument::contentsChanged, this, &ReportTextItem::contentsChanged);
     setDefaultTextColor(Qt::black);
+    setTextWidth(-1);
 }
 
 ReportTextItem::~ReportTextItem()
@@ -60,8 +90,12 @@ void ReportTextItem::setHtml(const QString& html)
 
 void ReportTextItem::setPlainText(const QString& text)
 {
-    QGraphicsTextItem::setPlainText(text);
+    // One edit block: the document lays out once, not for the text and again for the alignment.
+    QTextCursor edit(document());
+    edit.beginEditBlock();
+    replacePlainText(text);
     setAlignment(alignment());
+    edit.endEditBlock();
 }
 
 void ReportTextItem::showData(const QString& text)
@@ -72,8 +106,29 @@ void ReportTextItem::showData(const QString& text)
     // instead of once for the text and again for the alignment merged over it.
     QTextCursor edit(document());
     edit.beginEditBlock();
-    setPlainText(text);
+    replacePlainText(text);
+    // Replaced text keeps the first block's format, which may not hold the alignment yet.
+    if (document()->begin().blockFormat() != alignedFormat(m_alignment))
+        setAlignment(m_alignment);
     edit.endEditBlock();
+}
+
+// The text item's setPlainText, without re-applying the alignment, for less: over plain text,
+// replacing the characters gives the same blocks and formats (new blocks take the format of the
+// first) and keeps the layout objects.
+void ReportTextItem::replacePlainText(const QString& text)
+{
+    if (!holdsPlainText(document()) || textCursor().charFormat() != QTextCharFormat()) {
+        QGraphicsTextItem::setPlainText(text);
+        return;
+    }
+    // Like setPlainText, without undo steps: kept, they would hold every text ever shown.
+    const bool undo = document()->isUndoRedoEnabled();
+    document()->setUndoRedoEnabled(false);
+    QTextCursor cursor(document());
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(text);
+    document()->setUndoRedoEnabled(undo);
 }
 
 QFont ReportTextItem::font() const
@@ -94,11 +149,9 @@ Qt::Alignment ReportTextItem::alignment() const
 void ReportTextItem::setAlignment(Qt::Alignment alignment)
 {
     m_alignment = alignment;
-    QTextBlockFormat format;
-    format.setAlignment(alignment);
     QTextCursor cursor = textCursor();
     cursor.select(QTextCursor::Document);
-    cursor.mergeBlockFormat(format);
+    cursor.mergeBlockFormat(alignedFormat(alignment));
     cursor.clearSelection();
     setTextCursor(cursor);
 }
@@ -194,21 +247,22 @@ void ReportTextItem::load(QDataStream& in)
         return;
     if (format == 1)
         TemplateLimits::checkHtml(text);
+    // Laid out once, when everything is in place: with a null page size the document layout
+    // skips its work, and setting the width last lays the document out.
+    document()->setPageSize(QSizeF(0, 0));
     setPen(pen);
     setBrush(brush);
     setFont(font);
-    setTextWidth(width);
-    // One edit block around the text and its alignment, as for bound data: the document lays out
-    // once instead of once for the text and again for the alignment merged over it.
     QTextCursor edit(document());
     edit.beginEditBlock();
     // Format 1 keeps templates of the older HTML form readable.
     if (format == 1)
         setHtml(text);
     else
-        setPlainText(text);
+        replacePlainText(text);
     setAlignment(Qt::Alignment(align));
     edit.endEditBlock();
+    setTextWidth(width);
 }
 
 // --- ReportLineItem -------------------------------------------------------------------------

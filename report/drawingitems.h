@@ -48,6 +48,8 @@ private Q_SLOTS:
     void contentsChanged();
 
 private:
+    void replacePlainText(const QString& text);
+
     bool m_editable;
     Qt::Alignment m_alignment;
     TextCommand* m_pendingTextCommand = nullptr;

@@ -18,6 +18,7 @@ void Report::fetchData(int patientId, QSqlDatabase db)
     m_records.clear();
     m_patientId = patientId;
     QSqlQuery query(db);
+    query.setForwardOnly(true);
     if (!query.exec(QStringLiteral("select * from patient where id=%1").arg(patientId)))
         REPORT_SQL_WARNING(query.lastError());
     else if (query.next())

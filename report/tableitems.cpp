@@ -122,14 +122,21 @@ void ReportPatientTableItem::updateData()
     if (!r || !m_profile)
         return;
 
+    // Both queries are read front to back once: no row cache.
     QSqlQuery results(m_profile->dataDatabase());
+    results.setForwardOnly(true);
     if (!results.exec(
             QStringLiteral("select item, subitem, abbr, code, result, unit, flag, lowerMarkLimit, "
                            "upperMarkLimit from result where patientId=%1 order by displayOrder asc")
                 .arg(r->patientId())))
         REPORT_SQL_WARNING(results.lastError());
 
-    QSqlQuery assay(m_profile->database());
+    // All look-ups of the table read one state of the assay catalogue, under one read lock
+    // rather than one per result. Inside a transaction of the caller's they are in that one.
+    QSqlDatabase catalogue = m_profile->database();
+    const bool ownTransaction = catalogue.transaction();
+    QSqlQuery assay(catalogue);
+    assay.setForwardOnly(true);
     if (!assay.prepare(QLatin1String(assaySql)))
         REPORT_SQL_WARNING(assay.lastError());
 
@@ -163,6 +170,10 @@ void ReportPatientTableItem::updateData()
         setItemText(row, RangeColumn, range);
         ++row;
     }
+    assay.finish();
+    // A transaction left open would keep every other writer out of the catalogue.
+    if (ownTransaction && !catalogue.commit())
+        catalogue.rollback();
 }
 
 } // namespace coagulation

@@ -339,6 +339,20 @@ void TestTables::patientRows()
     QCOMPARE(table->columnFlags(2), int(Qt::AlignRight));
     QCOMPARE(table->boundingRect(), QRectF(0, 0, 640, 5 * 24));
 
+    // No transaction is left open on the catalogue (it would keep other programs from writing).
+    QSqlDatabase catalogue = m_profile.database();
+    QVERIFY(catalogue.transaction());
+    QVERIFY(catalogue.rollback());
+
+    // Inside the caller's transaction the look-ups see its changes, and it stays the caller's.
+    QVERIFY(catalogue.transaction());
+    QVERIFY(QSqlQuery(catalogue).exec("update assayItem set visible = 1 where name = 'APTT Ratio'"));
+    report.fetchData(testPatient, m_profile.dataDatabase());
+    QCOMPARE(table->rowCount(), 6);
+    QVERIFY(catalogue.rollback());
+    report.fetchData(testPatient, m_profile.dataDatabase());
+    QCOMPARE(table->rowCount(), 5);
+
     // Printing the next patient replaces the rows.
     report.fetchData(patientWithoutResults, m_profile.dataDatabase());
     QCOMPARE(table->rowCount(), 0);
