@@ -85,30 +85,34 @@ PairedRun::Side failing(benchmark::State& state, PairedRun::Side side, const cha
     };
 }
 
+// A job that tells whether it printed, timed; a refused one tells the benchmark `error`.
+PairedRun::Side timedJob(benchmark::State& state, std::function<bool()> job, const char* error)
+{
+    return failing(
+        state,
+        [job = std::move(job)] {
+            const auto start = Clock::now();
+            return job() ? secondsSince(start) : -1.0;
+        },
+        error);
+}
+
 // A patient job of `ids` through the printer.
 PairedRun::Side patientJob(benchmark::State& state, ReportPrinter* printer, BenchWorkspace* workspace,
                            const QList<qint64>& ids)
 {
-    return failing(
+    return timedJob(
         state,
         [printer, workspace, ids] {
-            const auto start = Clock::now();
-            const bool printed =
-                printer->store(ids, workspace->profile()->dataDatabase(), DataStorage::StoreAtOnce);
-            return printed ? secondsSince(start) : -1.0;
+            return printer->store(ids, workspace->profile()->dataDatabase(), DataStorage::StoreAtOnce);
         },
         "the printer refused the patient job");
 }
 
 PairedRun::Side qcJob(benchmark::State& state, ReportPrinter* printer, QcExportData* series)
 {
-    return failing(
-        state,
-        [printer, series] {
-            const auto start = Clock::now();
-            const bool printed = printer->store(QList<QcExportData*>{series}, DataStorage::StoreAtOnce);
-            return printed ? secondsSince(start) : -1.0;
-        },
+    return timedJob(
+        state, [printer, series] { return printer->store({series}, DataStorage::StoreAtOnce); },
         "the printer refused the QC job");
 }
 
