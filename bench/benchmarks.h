@@ -59,6 +59,11 @@ void registerDragBenchmarks(const BenchConfig& config);
 void registerTemplateBenchmarks(const BenchConfig& config, BenchWorkspace* workspace);
 void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspace);
 
+// Prints one patient and one QC page untimed. What a process does once (finding the installed fonts
+// behind the PDF's fonts, loading font engines) would otherwise fall on whichever side of a
+// comparison comes first. Returns why a job did not print, or an empty string.
+QString warmUpPrinting(BenchWorkspace* workspace);
+
 // The child process of the memory measurement: prints the first COUNT patients of the profile's
 // database to PDF, or with "maintenance" for COUNT the maintenance report of the demo month.
 // Arguments: PROFILE COUNT PDF. Returns the exit code.

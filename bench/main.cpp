@@ -55,6 +55,11 @@ int main(int argc, char** argv)
         return 1;
     }
 
+    const QString warmUpError = warmUpPrinting(&workspace);
+    if (!warmUpError.isEmpty()) {
+        std::fprintf(stderr, "Warming up: %s\n", qPrintable(warmUpError));
+        return 1;
+    }
     registerPrintBenchmarks(config, &workspace);
     registerTemplateBenchmarks(config, &workspace);
     registerDragBenchmarks(config);

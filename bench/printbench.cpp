@@ -224,6 +224,22 @@ void qcAgainstPatients(benchmark::State& state, BenchWorkspace* workspace, int p
 
 } // namespace
 
+QString warmUpPrinting(BenchWorkspace* workspace)
+{
+    QString error;
+    const std::unique_ptr<QcSeries> series = workspace->qcSeries(30, &error); // one page
+    const QList<qint64> ids = workspace->patientIds(1);
+    if (!series || ids.isEmpty())
+        return series ? QStringLiteral("the workspace holds no patient") : error;
+    QObject owner;
+    ReportPrinter* printer = newPrinter(workspace, QStringLiteral("warm-up.pdf"), &owner);
+    if (!printer->store(ids, workspace->profile()->dataDatabase(), DataStorage::StoreAtOnce))
+        return QStringLiteral("the printer refused the patient job");
+    if (!printer->store({series->data()}, DataStorage::StoreAtOnce))
+        return QStringLiteral("the printer refused the QC job");
+    return QString();
+}
+
 void registerPrintBenchmarks(const BenchConfig& config, BenchWorkspace* workspace)
 {
     // About a hundred pages a side per measurement, at least one job.
